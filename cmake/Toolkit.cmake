@@ -1,0 +1,12 @@
+# OVRIN_DESKTOP tells whether there is a window system to build the launcher's window on.
+set(OVRIN_DESKTOP OFF)
+if(WIN32)
+  set(OVRIN_DESKTOP ON)
+else()
+  find_package(Qt6 6.4 QUIET COMPONENTS Widgets Test)
+  if(Qt6_FOUND)
+    set(OVRIN_DESKTOP ON)
+  else()
+    message(STATUS "Qt 6.4 Widgets not found: the launcher, the desktop and program tests and the layer's windows are left out")
+  endif()
+endif()

@@ -1,0 +1,63 @@
+// Process, environment and text conversion: what needs no toolkit.
+#pragma once
+
+#include "platform/winapi/subset/Types.h"
+
+constexpr DWORD ERROR_SUCCESS = 0;
+constexpr DWORD ERROR_FILE_NOT_FOUND = 2;
+constexpr DWORD ERROR_PATH_NOT_FOUND = 3;
+constexpr DWORD ERROR_ACCESS_DENIED = 5;
+constexpr DWORD ERROR_BAD_NETPATH = 53;
+constexpr DWORD ERROR_INVALID_NAME = 123;
+
+constexpr UINT CP_UTF8 = 65001;
+constexpr DWORD MB_ERR_INVALID_CHARS = 8;
+
+struct STARTUPINFOW {
+    DWORD cb;
+    LPWSTR lpReserved;
+    LPWSTR lpDesktop;
+    LPWSTR lpTitle;
+    DWORD dwX;
+    DWORD dwY;
+    DWORD dwXSize;
+    DWORD dwYSize;
+    DWORD dwXCountChars;
+    DWORD dwYCountChars;
+    DWORD dwFillAttribute;
+    DWORD dwFlags;
+    WORD wShowWindow;
+    WORD cbReserved2;
+    BYTE *lpReserved2;
+    HANDLE hStdInput;
+    HANDLE hStdOutput;
+    HANDLE hStdError;
+};
+
+struct PROCESS_INFORMATION {
+    HANDLE hProcess;
+    HANDLE hThread;
+    DWORD dwProcessId;
+    DWORD dwThreadId;
+};
+
+struct SECURITY_ATTRIBUTES;
+
+// Lengths of input must be given (no -1), input is CP_UTF8 / UTF-16. 0 on failure, also for empty input.
+int MultiByteToWideChar(UINT codePage, DWORD flags, const char *text, int textLength, LPWSTR buffer, int bufferLength);
+int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int textLength, char *buffer, int bufferLength,
+                        const char *defaultChar, BOOL *usedDefaultChar);
+
+// Only the running program's own path (no module). 0 where that path isn't UTF-8.
+DWORD GetModuleFileNameW(HMODULE module, LPWSTR buffer, DWORD size);
+
+// 0 also for a value that isn't UTF-8, since it could only be handed on changed.
+DWORD GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size);
+BOOL SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value);
+
+// Splits `commandLine` by the platform's convention and starts `applicationName` detached: a session of its own, only
+// the standard three descriptors. Attributes, environment, inheritance and flags must be null or 0.
+BOOL CreateProcessW(LPCWSTR applicationName, LPWSTR commandLine, SECURITY_ATTRIBUTES *processAttributes,
+                    SECURITY_ATTRIBUTES *threadAttributes, BOOL inheritHandles, DWORD creationFlags, void *environment,
+                    LPCWSTR currentDirectory, STARTUPINFOW *startupInfo, PROCESS_INFORMATION *processInformation);
+BOOL CloseHandle(HANDLE handle);
