@@ -1,0 +1,21 @@
+// The list of recent projects in the window: which rows it shows and which of its buttons are enabled.
+#pragma once
+
+#include "launcher/LauncherState.h"
+#include "platform/text/WideText.h"
+
+namespace ovrin {
+
+// The entry's name, or the stem of its path where it has none.
+[[nodiscard]] WideText RecentDisplayName(const RecentProject &project);
+
+// Fills the list control from `recentProjects` and selects its first row; hides it while there is none.
+void RefreshRecentList(LauncherState &state);
+
+// Loads the list anew and shows it.
+void ReloadRecentProjects(LauncherState &state);
+
+// Drops the entries whose project file has gone. Asks nothing.
+void RemoveMissingProjects(LauncherState &state);
+
+} // namespace ovrin
