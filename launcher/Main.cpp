@@ -18,7 +18,7 @@ constexpr WORD iconResource = 101;
 constexpr int startUpFailed = 1;
 
 class DrawingLibrary {
-  public:
+public:
     DrawingLibrary() noexcept {
         const Gdiplus::GdiplusStartupInput input;
         started_ = Gdiplus::GdiplusStartup(&token_, &input, nullptr) == Gdiplus::Ok;
@@ -33,7 +33,7 @@ class DrawingLibrary {
 
     [[nodiscard]] bool started() const noexcept { return started_; }
 
-  private:
+private:
     ULONG_PTR token_ = 0;
     bool started_ = false;
 };

@@ -10,7 +10,7 @@ namespace ovrin {
 // Owns a brush, font, pen or bitmap; it must not be selected into a context any more when it goes.
 template<typename Handle>
 class UniqueGdiObject {
-  public:
+public:
     UniqueGdiObject() = default;
     explicit UniqueGdiObject(Handle handle) noexcept : handle_(handle) {}
     UniqueGdiObject(UniqueGdiObject &&other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
@@ -29,7 +29,7 @@ class UniqueGdiObject {
         }
     }
 
-  private:
+private:
     Handle handle_ = nullptr;
 };
 
@@ -39,20 +39,20 @@ using UniqueBitmap = UniqueGdiObject<HBITMAP>;
 
 // Keeps an object selected into a context and puts the old one back.
 class SelectionScope {
-  public:
+public:
     SelectionScope(HDC dc, HGDIOBJ object) noexcept : dc_(dc), old_(SelectObject(dc, object)) {}
     SelectionScope(const SelectionScope &) = delete;
     SelectionScope &operator=(const SelectionScope &) = delete;
     ~SelectionScope() { SelectObject(dc_, old_); }
 
-  private:
+private:
     HDC dc_;
     HGDIOBJ old_;
 };
 
 // BeginPaint to EndPaint.
 class PaintScope {
-  public:
+public:
     explicit PaintScope(HWND window) noexcept : window_(window), dc_(BeginPaint(window, &paint_)) {}
     PaintScope(const PaintScope &) = delete;
     PaintScope &operator=(const PaintScope &) = delete;
@@ -60,7 +60,7 @@ class PaintScope {
 
     [[nodiscard]] HDC dc() const noexcept { return dc_; }
 
-  private:
+private:
     HWND window_;
     PAINTSTRUCT paint_{};
     HDC dc_;
@@ -68,7 +68,7 @@ class PaintScope {
 
 // A context in memory with a bitmap like the target's, to be copied out in one step.
 class MemoryCanvas {
-  public:
+public:
     MemoryCanvas(HDC target, SIZE size) noexcept
         : dc_(CreateCompatibleDC(target)), bitmap_(CreateCompatibleBitmap(target, size.cx, size.cy)), size_(size),
           old_(SelectObject(dc_, bitmap_.get())) {}
@@ -83,7 +83,7 @@ class MemoryCanvas {
     [[nodiscard]] HDC dc() const noexcept { return dc_; }
     void CopyTo(HDC target) const noexcept { BitBlt(target, 0, 0, size_.cx, size_.cy, dc_, 0, 0, SRCCOPY); }
 
-  private:
+private:
     HDC dc_;
     UniqueBitmap bitmap_;
     SIZE size_;

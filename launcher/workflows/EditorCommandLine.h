@@ -10,7 +10,7 @@ namespace ovrin {
 // In double quotes, always, such that the platform's splitting of a command line gives back `text` unchanged.
 [[nodiscard]] WideText QuoteArgument(WideTextView text);
 
-// The editor's path and the arguments, each quoted, one blank between them. A path can't hold a double quote.
+// The editor's path and the arguments, each quoted, one blank between them.
 [[nodiscard]] WideText BuildEditorCommandLine(WideTextView editorPath, const std::vector<WideText> &arguments);
 
 } // namespace ovrin

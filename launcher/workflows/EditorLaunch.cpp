@@ -17,13 +17,13 @@ constexpr LauncherMessage editorMissing{WIDE("Editor Missing"),
 constexpr LauncherMessage launchFailed{WIDE("Launch Failed"), WIDE("Failed to start OvrinEditor.exe."), MB_ICONERROR};
 
 class UniqueHandle {
-  public:
+public:
     explicit UniqueHandle(HANDLE handle) noexcept : handle_(handle) {}
     UniqueHandle(const UniqueHandle &) = delete;
     UniqueHandle &operator=(const UniqueHandle &) = delete;
     ~UniqueHandle() { CloseHandle(handle_); }
 
-  private:
+private:
     HANDLE handle_;
 };
 

@@ -1,0 +1,52 @@
+#include "core/paths/FileStatusPlatform.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <sys/stat.h>
+
+namespace ovrin {
+
+namespace {
+
+constexpr int absentCodes[] = {ENOENT, ENOTDIR, ENAMETOOLONG, EINVAL};
+
+std::error_code LastError() {
+    return {errno, std::system_category()};
+}
+
+} // namespace
+
+std::optional<EntryStatus> QueryEntry(const std::filesystem::path &path, std::error_code &error) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) {
+        error = LastError();
+        return std::nullopt;
+    }
+    return EntryStatus{.isFolder = S_ISDIR(status.st_mode), .size = static_cast<std::uint64_t>(status.st_size)};
+}
+
+bool MeansAbsent(const std::error_code &error) {
+    return std::ranges::find(absentCodes, error.value()) != std::end(absentCodes);
+}
+
+bool IsFolderEmpty(const std::filesystem::path &path, std::error_code &error) {
+    const std::filesystem::directory_iterator first(path, error);
+    return first == std::filesystem::directory_iterator();
+}
+
+void MakeFolder(const std::filesystem::path &path, std::error_code &error) {
+    constexpr mode_t everything = 0777; // less what the user's mask takes away
+    if (::mkdir(path.c_str(), everything) != 0) {
+        error = LastError();
+    }
+}
+
+std::error_code NotAFolder() {
+    return {ENOTDIR, std::system_category()};
+}
+
+std::string SystemText(const std::error_code &error) {
+    return error.message();
+}
+
+} // namespace ovrin

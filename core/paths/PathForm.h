@@ -1,0 +1,30 @@
+// The form of a path, worked out on its text: roots, joins, parents, normal form. The standard library takes network
+// paths apart wrongly on one of our platforms, so nothing else asks it for these. A root there is `C:\`,
+// `\\server\share\` or one of these behind `\\?\`; a share belongs to its root, as it does for the system.
+#pragma once
+
+#include <filesystem>
+
+namespace ovrin::PathForm {
+
+// The path's text with every separator written as a slash; nothing else changes.
+[[nodiscard]] std::filesystem::path::string_type GenericText(const std::filesystem::path &path);
+
+// Without dots, inner ".." and repeated separators, in preferred separators. Links aren't looked at.
+[[nodiscard]] std::filesystem::path LexicallyNormal(const std::filesystem::path &path);
+
+// One separator between the two; an absolute right-hand part replaces the left-hand one.
+[[nodiscard]] std::filesystem::path Join(const std::filesystem::path &base, const std::filesystem::path &part);
+
+// Without the last element and the separators before it. A root is its own parent, a lone name has an empty one.
+[[nodiscard]] std::filesystem::path ParentOf(const std::filesystem::path &path);
+
+// The last element with its whole text; empty for a root and after a trailing separator.
+[[nodiscard]] std::filesystem::path FileNameOf(const std::filesystem::path &path);
+
+[[nodiscard]] bool IsAbsolute(const std::filesystem::path &path);
+
+// Against the current folder; an absolute path comes back unchanged. Raises PathError "absolute".
+[[nodiscard]] std::filesystem::path MakeAbsolute(const std::filesystem::path &path);
+
+} // namespace ovrin::PathForm
