@@ -1,0 +1,104 @@
+// EDIT with ES_AUTOHSCROLL: the toolkit's line edit does the editing (selection, clipboard, undo, input methods,
+// scrolling), the procedures in front of it see keys, mouse and focus first. WM_SETFONT, EM_SETCUEBANNER (without the
+// focus only); EN_SETFOCUS, EN_KILLFOCUS, EN_UPDATE, EN_CHANGE; colours from the parent's WM_CTLCOLOR answer.
+// Not here: several lines, limits, passwords, WM_CHAR, the other EM_ messages.
+#include "platform/winapi/qt/EditControl.h"
+
+#include "platform/winapi/qt/DeviceContext.h"
+
+#include <QImage>
+
+namespace ovrin::layer {
+
+namespace {
+
+constexpr QRgb bannerColour = qRgb(109, 109, 109); // the platform's grey text
+
+} // namespace
+
+EditControl::EditControl(const Facts &facts, QWidget *parent) : MessageSource(facts, parent) {
+    setFrame(false);
+    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    QObject::connect(this, &QLineEdit::textChanged, this, [this] {
+        Notify(EN_UPDATE);
+        Notify(EN_CHANGE);
+    });
+}
+
+LRESULT EditControl::Procedure(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_LBUTTONDOWN:
+        SetFocus(handle());
+        OnInput();
+        return 0;
+    case WM_LBUTTONUP:
+    case WM_LBUTTONDBLCLK:
+    case WM_MOUSEMOVE:
+    case WM_KEYDOWN:
+    case WM_KEYUP: OnInput(); return 0;
+    case WM_SETFOCUS: OnFocusChange(EN_SETFOCUS); return 0;
+    case WM_KILLFOCUS: OnFocusChange(EN_KILLFOCUS); return 0;
+    case WM_SETFONT: setFont(FontOf(reinterpret_cast<HFONT>(wParam))); return 0;
+    case EM_SETCUEBANNER:
+        banner_ = QString::fromUtf16(reinterpret_cast<LPCWSTR>(lParam));
+        ShowBanner();
+        return TRUE;
+    default: return 0;
+    }
+}
+
+void EditControl::OnInput() {
+    if (currentEvent() != nullptr) {
+        LeaveToToolkit(currentEvent());
+    }
+}
+
+// The toolkit's own handlers, called by name: event() would lead back into the procedures.
+void EditControl::LeaveToToolkit(QEvent *event) {
+    switch (event->type()) {
+    case QEvent::MouseButtonPress: QLineEdit::mousePressEvent(static_cast<QMouseEvent *>(event)); break;
+    case QEvent::MouseButtonRelease: QLineEdit::mouseReleaseEvent(static_cast<QMouseEvent *>(event)); break;
+    case QEvent::MouseButtonDblClick: QLineEdit::mouseDoubleClickEvent(static_cast<QMouseEvent *>(event)); break;
+    case QEvent::MouseMove: QLineEdit::mouseMoveEvent(static_cast<QMouseEvent *>(event)); break;
+    case QEvent::KeyPress: QLineEdit::keyPressEvent(static_cast<QKeyEvent *>(event)); break;
+    case QEvent::KeyRelease: QLineEdit::keyReleaseEvent(static_cast<QKeyEvent *>(event)); break;
+    default: break;
+    }
+}
+
+void EditControl::OnFocusChange(WORD notification) {
+    ShowBanner();
+    Notify(notification);
+}
+
+void EditControl::ShowBanner() {
+    setPlaceholderText(hasFocus() ? QString() : banner_);
+}
+
+void EditControl::AskForColours() {
+    QImage nowhere(1, 1, QImage::Format_RGB32);
+    QPainter probe(&nowhere);
+    const ContextScope context(probe);
+    const UINT message = isEnabled() ? WM_CTLCOLOREDIT : WM_CTLCOLORSTATIC;
+    const auto dc = reinterpret_cast<WPARAM>(context.dc());
+    const LRESULT brush = SendMessageW(facts().parent, message, dc, reinterpret_cast<LPARAM>(handle()));
+    QPalette colours = palette();
+    colours.setColor(QPalette::Text, context.TextColour());
+    colours.setColor(QPalette::Base, BrushColour(reinterpret_cast<HBRUSH>(brush)));
+    colours.setColor(QPalette::PlaceholderText, QColor(bannerColour));
+    setPalette(colours);
+}
+
+void EditControl::showEvent(QShowEvent *event) {
+    QLineEdit::showEvent(event);
+    AskForColours();
+}
+
+void EditControl::changeEvent(QEvent *event) {
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange && isVisible()) {
+        AskForColours();
+    }
+}
+
+} // namespace ovrin::layer

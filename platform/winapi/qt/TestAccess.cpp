@@ -1,0 +1,18 @@
+#include "platform/winapi/qt/TestAccess.h"
+
+#include "platform/winapi/qt/DeviceContext.h"
+#include "platform/winapi/qt/WindowHost.h"
+
+namespace ovrin::layer {
+
+QWidget *WidgetOf(HWND window) {
+    WindowHost *host = HostOf(window);
+    return host == nullptr ? nullptr : &host->Widget();
+}
+
+LiveCounts CountLiveObjects() {
+    const DrawingCounts drawing = CountDrawingObjects();
+    return {AllHosts().size(), drawing.contexts, drawing.brushes, drawing.fonts, drawing.bitmaps};
+}
+
+} // namespace ovrin::layer
