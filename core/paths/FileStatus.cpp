@@ -17,6 +17,17 @@ std::string ErrorText(std::string_view operation, const std::filesystem::path &p
     return text;
 }
 
+// The library makes a text of its own, and one of our libraries raises over a path that isn't text: then the base has
+// no path.
+std::filesystem::filesystem_error LibraryError(const std::string &operation, const std::filesystem::path &path,
+                                               const std::error_code &code) {
+    try {
+        return {operation, path, code};
+    } catch (const std::system_error &) {
+        return {operation, code};
+    }
+}
+
 bool IsFolder(const std::filesystem::path &path) {
     std::error_code error;
     const auto status = QueryEntry(path, error);
@@ -49,7 +60,7 @@ void MakeMissingFolders(const std::filesystem::path &path, std::error_code &erro
 } // namespace
 
 PathError::PathError(std::string_view operation, const std::filesystem::path &path, std::error_code code)
-    : filesystem_error(std::string(operation), path, code), text_(ErrorText(operation, path, code)) {}
+    : filesystem_error(LibraryError(std::string(operation), path, code)), text_(ErrorText(operation, path, code)) {}
 
 bool PathExists(const std::filesystem::path &path) {
     std::error_code error;

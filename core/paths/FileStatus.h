@@ -9,13 +9,14 @@
 
 namespace ovrin {
 
-// what() reads `operation: system text: "path"` in UTF-8. `code` is the platform's own, in std::system_category.
+// what() reads `operation: system text: "path"` in UTF-8. The code is the platform's own, in std::system_category.
+// path1() may be empty for a path that isn't text.
 class PathError : public std::filesystem::filesystem_error {
-  public:
+public:
     PathError(std::string_view operation, const std::filesystem::path &path, std::error_code code);
     [[nodiscard]] const char *what() const noexcept override { return text_.what(); }
 
-  private:
+private:
     std::runtime_error text_; // its text is shared, so that copying this exception can't throw
 };
 

@@ -40,7 +40,8 @@ std::filesystem::path Join(const std::filesystem::path &base, const std::filesys
         return left.rootName + right.local.native();
     }
     NativeText text = base.native();
-    if (left.local.has_filename()) {
+    // A share without a separator behind it is a root all the same.
+    if (left.local.has_filename() || (ovrin::IsAbsolute(left) && text.size() == left.rootName.size())) {
         text += separator;
     }
     return text + right.local.native();

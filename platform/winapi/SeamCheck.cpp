@@ -13,11 +13,26 @@ namespace {
 #define OVRIN_FIELD(type, field, offset) static_assert(offsetof(type, field) == (offset))
 #define OVRIN_FUNCTION(name, result, ...) static_assert(std::is_same_v<decltype(&name), result(WINAPI *)(__VA_ARGS__)>)
 
-static_assert(sizeof(WCHAR) == 2 && sizeof(WPARAM) == 8 && sizeof(LPARAM) == 8 && sizeof(LRESULT) == 8);
-static_assert(sizeof(LONG) == 4 && sizeof(DWORD) == 4 && sizeof(BOOL) == 4 && sizeof(HRESULT) == 4);
-static_assert(std::is_signed_v<LPARAM> && std::is_signed_v<LRESULT> && std::is_signed_v<LONG>);
-static_assert(std::is_unsigned_v<WPARAM> && std::is_unsigned_v<DWORD> && std::is_unsigned_v<UINT>);
-static_assert(std::is_same_v<COLORREF, DWORD> && std::is_same_v<ATOM, WORD> && std::is_same_v<HCURSOR, HICON>);
+#define OVRIN_NUMBER(type, size, isSigned) static_assert(sizeof(type) == (size) && std::is_signed_v<type> == (isSigned))
+
+OVRIN_NUMBER(BYTE, 1, false);
+OVRIN_NUMBER(WCHAR, 2, false);
+OVRIN_NUMBER(WORD, 2, false);
+OVRIN_NUMBER(ATOM, 2, false);
+OVRIN_NUMBER(SHORT, 2, true);
+OVRIN_NUMBER(BOOL, 4, true);
+OVRIN_NUMBER(UINT, 4, false);
+OVRIN_NUMBER(LONG, 4, true);
+OVRIN_NUMBER(DWORD, 4, false);
+OVRIN_NUMBER(COLORREF, 4, false);
+OVRIN_NUMBER(HRESULT, 4, true);
+OVRIN_NUMBER(WPARAM, 8, false);
+OVRIN_NUMBER(LPARAM, 8, true);
+OVRIN_NUMBER(LRESULT, 8, true);
+OVRIN_NUMBER(LONG_PTR, 8, true);
+OVRIN_NUMBER(ULONG_PTR, 8, false);
+OVRIN_NUMBER(DWORD_PTR, 8, false);
+
 static_assert(LOWORD(0x12345678) == 0x5678 && HIWORD(0x12345678) == 0x1234);
 static_assert(MAKEWPARAM(0xFFFF, 0x8001) == 0x8001FFFF && MAKELPARAM(0xFFFF, 0x8001) == 0x8001FFFF);
 

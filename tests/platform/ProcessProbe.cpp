@@ -1,7 +1,7 @@
 // Writes down how it was started, for the test that starts it.
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
-#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <string>

@@ -45,13 +45,13 @@ TEST(CreateProcess, StartsTheProgramInItsFolderAndSessionWithNothingInherited) {
     std::signal(SIGPIPE, oldHandler);
     sigprocmask(SIG_SETMASK, &old, nullptr);
     close(inheritable);
-    EXPECT_EQ(seen, "folder " + folder.Path().native() + "\ndescriptors 0 1 2 3\nleads its session 1\nsignals 1\n[" +
+    EXPECT_EQ(seen, "folder " + folder.Path().native() + "\ndescriptors 0 1 2\nleads its session 1\nsignals 1\n[" +
                         OVRIN_PROCESS_PROBE "][a b][][\"\\][\u00E9\U0001D11E]");
 }
 
 TEST(CreateProcess, StartsAProgramInAFolderWithAQuoteAndABackslashInItsName) {
     const TemporaryFolder folder;
-    const auto program = folder.Make("a \"b\\\" c\\/OvrinEditor.exe");
+    const auto program = folder.Make(R"(a "b\" c\/OvrinEditor.exe)");
     std::filesystem::copy_file(OVRIN_PROCESS_PROBE, program, std::filesystem::copy_options::overwrite_existing);
     const std::string seen = RunProbe(program, program.parent_path(), {WIDE("--project")});
     EXPECT_TRUE(seen.ends_with("\n[" + program.native() + "][--project]")) << seen;

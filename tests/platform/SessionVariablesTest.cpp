@@ -11,12 +11,12 @@ namespace {
 using Value = std::optional<WideText>;
 
 struct SessionCase {
-    const char *label;
-    const char *source;
+    const char *label = "";
+    const char *source = "";
     Value sourceValue;
-    const char *target;
+    const char *target = "";
     Value before;
-    const char *after; // null: unset
+    const char *after = nullptr; // null: unset
 };
 
 TEST(SessionVariables, AreSuppliedOnlyWhereUnset) {

@@ -11,9 +11,9 @@ namespace {
 
 TEST(MulDiv, RoundsHalfAwayFromZeroAndReportsOverflow) {
     constexpr int largest = std::numeric_limits<int>::max();
-    const int cases[][4] = {{9, 96, 72, 12},   {1, 1, 2, 1},          {-1, 1, 2, -1},           {1, -1, 2, -1},
-                            {1, 1, 3, 0},      {-9, 96, 96, -9},      {largest, 2, 2, largest}, {-5, -3, -2, -8},
-                            {7, 5, 0, -1},     {largest, 2, 1, -1},   {-largest, 3, 2, -1},     {5, 1, -2, -3}};
+    const int cases[][4] = {{9, 96, 72, 12}, {1, 1, 2, 1},        {-1, 1, 2, -1},           {1, -1, 2, -1},
+                            {1, 1, 3, 0},    {-9, 96, 96, -9},    {largest, 2, 2, largest}, {-5, -3, -2, -8},
+                            {7, 5, 0, -1},   {largest, 2, 1, -1}, {-largest, 3, 2, -1},     {5, 1, -2, -3}};
     for (const auto &[number, numerator, denominator, expected] : cases) {
         EXPECT_EQ(MulDiv(number, numerator, denominator), expected) << number << '*' << numerator << '/' << denominator;
     }
@@ -35,7 +35,7 @@ TEST(EnvironmentVariable, TellsItsSizeWithTheTerminatorAndItsLengthWithout) {
     EXPECT_EQ(GetEnvironmentVariableW(name, nullptr, 0), 701U);
     EXPECT_EQ(GetEnvironmentVariableW(name, buffer.data(), 700), 701U);
     EXPECT_EQ(GetEnvironmentVariableW(name, buffer.data(), 701), 700U);
-    EXPECT_EQ(WideText(buffer.c_str()), value);
+    EXPECT_EQ(buffer, value + WideChar{0});
     ASSERT_TRUE(SetEnvironmentVariableW(name, WIDE("")));
     EXPECT_EQ(GetEnvironmentVariableW(name, nullptr, 0), 1U);
     ASSERT_TRUE(SetEnvironmentVariableW(name, nullptr));

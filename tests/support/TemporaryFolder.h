@@ -29,7 +29,7 @@ public:
 
     // A file with its folders; a trailing slash makes a folder. Gives its path.
     std::filesystem::path Make(const std::filesystem::path &relative, std::string_view content = {}) const {
-        const std::filesystem::path entry = path_ / relative;
+        std::filesystem::path entry = path_ / relative;
         std::filesystem::create_directories(entry.parent_path());
         if (entry.has_filename()) {
             std::ofstream(entry, std::ios::binary) << content;

@@ -9,7 +9,7 @@ namespace {
 constexpr std::u16string_view separators = u" \t";
 
 class Splitter {
-  public:
+public:
     explicit Splitter(std::u16string_view text) : rest_(text) {}
 
     // False at the end of the text.
@@ -27,7 +27,7 @@ class Splitter {
         return element_;
     }
 
-  private:
+private:
     void TakeUnit() {
         switch (rest_.front()) {
         case u'\\': return TakeBackslashes();

@@ -21,7 +21,7 @@ constexpr int firstPrivateDescriptor = 3;
 
 // Open handles by number; a number is used once, so that a stale handle closes nothing.
 class HandleTable {
-  public:
+public:
     HANDLE Open() {
         const std::scoped_lock lock(mutex_);
         open_.insert(++last_);
@@ -33,7 +33,7 @@ class HandleTable {
         return open_.erase(reinterpret_cast<ULONG_PTR>(handle)) == 1;
     }
 
-  private:
+private:
     std::mutex mutex_;
     std::set<ULONG_PTR> open_; // guarded by mutex_
     ULONG_PTR last_ = 0;       // guarded by mutex_
@@ -46,7 +46,7 @@ HandleTable &Handles() {
 
 // An argument vector in the form that the system wants.
 class ArgumentVector {
-  public:
+public:
     // False for an argument that can't be handed on unchanged.
     bool Append(std::u16string_view argument) {
         auto native = ovrin::NativeFromWide(argument);
@@ -66,13 +66,13 @@ class ArgumentVector {
         return pointers;
     }
 
-  private:
+private:
     std::vector<std::string> arguments_;
 };
 
 // What the child does before it becomes the program: moves to its folder, gives up all private descriptors.
 class ChildActions {
-  public:
+public:
     explicit ChildActions(const std::string &folder) {
         valid_ = posix_spawn_file_actions_init(&actions_) == 0 &&
                  posix_spawn_file_actions_addchdir_np(&actions_, folder.c_str()) == 0 &&
@@ -84,14 +84,14 @@ class ChildActions {
 
     [[nodiscard]] const posix_spawn_file_actions_t *Get() const { return valid_ ? &actions_ : nullptr; }
 
-  private:
+private:
     posix_spawn_file_actions_t actions_{};
     bool valid_ = false;
 };
 
 // A session of its own, with none of this program's signal settings.
 class ChildAttributes {
-  public:
+public:
     ChildAttributes() {
         sigset_t all;
         sigset_t none;
@@ -108,7 +108,7 @@ class ChildAttributes {
 
     [[nodiscard]] const posix_spawnattr_t *Get() const { return valid_ ? &attributes_ : nullptr; }
 
-  private:
+private:
     posix_spawnattr_t attributes_{};
     bool valid_ = false;
 };

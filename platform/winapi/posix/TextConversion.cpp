@@ -28,7 +28,7 @@ struct Piece {
 struct LeadByte {
     unsigned char first;
     unsigned char last;
-    std::size_t length;
+    unsigned char length;
     unsigned char lowestSecond;
     unsigned char highestSecond;
     unsigned char payload;
@@ -89,7 +89,7 @@ Piece DecodeUtf16(std::u16string_view text) {
 // Counts what is written to it; without a capacity it only counts.
 template<typename Unit>
 class Output {
-  public:
+public:
     Output(Unit *buffer, int capacity) : buffer_(buffer), capacity_(capacity) {}
 
     void Put(char32_t unit) {
@@ -105,7 +105,7 @@ class Output {
         return fits && count_ <= std::numeric_limits<int>::max() ? static_cast<int>(count_) : 0;
     }
 
-  private:
+private:
     Unit *buffer_;
     std::int64_t capacity_;
     std::int64_t count_ = 0;

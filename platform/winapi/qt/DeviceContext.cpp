@@ -1,6 +1,7 @@
-// Contexts over a widget's painter and over bitmaps in memory: colours, background mode, solid rectangles, plain copies.
-// A bitmap has the pixel density of the context that it was made for, so that nothing is blurred on a dense screen.
-// Not here: contexts of windows outside WM_PAINT, clipping, other raster operations, stretching, monochrome bitmaps.
+// Contexts over a widget's painter and over bitmaps in memory: colours, background mode, solid rectangles, plain
+// copies. A bitmap has the pixel density of the context that it was made for, so that nothing is blurred on a dense
+// screen. Not here: contexts of windows outside WM_PAINT, clipping, other raster operations, stretching, monochrome
+// bitmaps.
 #include "platform/winapi/qt/DeviceContext.h"
 
 #include "platform/winapi/qt/GdiObjects.h"

@@ -22,15 +22,16 @@ Handle Exchange(const HandleTable<Handle, Object> &table, Handle &selected, HGDI
 
 HBITMAP ExchangeBitmap(Context &context, HGDIOBJ object) {
     const DrawingTables &tables = Tables();
-    const bool elsewhere = object != context.bitmap && object != tables.onePixel &&
-                           tables.bitmaps.Find(object)->selections > 0;
+    const bool elsewhere =
+        object != context.bitmap && object != tables.onePixel && tables.bitmaps.Find(object)->selections > 0;
     if (context.painter != nullptr || elsewhere) {
         return nullptr;
     }
     return Exchange(tables.bitmaps, context.bitmap, object);
 }
 
-template<typename Handle, typename Object> BOOL Delete(HandleTable<Handle, Object> &table, HGDIOBJ object) {
+template<typename Handle, typename Object>
+BOOL Delete(HandleTable<Handle, Object> &table, HGDIOBJ object) {
     const Object *found = table.Find(object);
     const bool selected = found != nullptr && found->selections > 0;
     assert(!selected && "an object that is still selected");

@@ -55,7 +55,7 @@ struct DrawingTables {
 
     HBRUSH blackBrush = brushes.Add(std::make_unique<Brush>(Brush{Qt::black}));
     HBRUSH whiteBrush = brushes.Add(std::make_unique<Brush>(Brush{Qt::white}));
-    HFONT defaultFont = fonts.Add(std::make_unique<Font>());     // stands for the toolkit's font of the moment
+    HFONT defaultFont = fonts.Add(std::make_unique<Font>());    // stands for the toolkit's font of the moment
     HBITMAP onePixel = bitmaps.Add(std::make_unique<Bitmap>()); // drawing on it would show nowhere: an empty image
 };
 [[nodiscard]] DrawingTables &Tables();

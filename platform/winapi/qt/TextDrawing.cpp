@@ -173,8 +173,8 @@ int DrawTextW(HDC dc, LPCWSTR text, int length, RECT *rect, UINT format) {
         return 0;
     }
     const TextBox box{*context, *rect, format & known, QFont(FontOf(context->font), painter->device())};
-    const QStringList lines = FitText(QString::fromUtf16(text, length), QFontMetricsF(box.font),
-                                      rect->right - rect->left, box.format);
+    const QStringList lines =
+        FitText(QString::fromUtf16(text, length), QFontMetricsF(box.font), rect->right - rect->left, box.format);
     DrawLines(*painter.operator->(), box, lines);
     return box.Top() - rect->top + static_cast<int>(lines.size()) * box.LineHeight();
 }

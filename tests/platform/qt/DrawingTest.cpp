@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <gtest/gtest.h>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -52,7 +53,7 @@ protected:
     }
     [[nodiscard]] HDC dc() const { return context_->dc(); }
 
-    // Draws black on white, or on the background colour, and tells which pixels changed and the height.
+    // On a white ground; the height comes back.
     int Draw(std::u16string_view text, RECT rect, UINT format) {
         target_.fill(white);
         return DrawTextW(dc(), text.data(), static_cast<int>(text.size()), &rect, format);
@@ -166,6 +167,30 @@ TEST_F(Drawing, SettingsGiveThePreviousValueBack) {
     EXPECT_EQ(SetBkColor(nullptr, 1), 0xFFFFFFFFU);
 }
 
+TEST_F(Drawing, AStaleHandleIsAFaultAndSelectsNothing) {
+    const HBRUSH brush = CreateSolidBrush(redReference);
+    DeleteObject(brush);
+    EXPECT_DEBUG_DEATH(EXPECT_EQ(SelectObject(dc(), brush), nullptr), "stale");
+    const HBRUSH selected = CreateSolidBrush(redReference);
+    const HGDIOBJ old = SelectObject(dc(), selected);
+    EXPECT_DEBUG_DEATH(EXPECT_FALSE(DeleteObject(selected)), "selected");
+    SelectObject(dc(), old);
+    EXPECT_TRUE(DeleteObject(selected));
+}
+
+TEST(FlatDrawingLibrary, StartsInVersionOneOnly) {
+    ULONG_PTR token = 0;
+    Gdiplus::GdiplusStartupInput input;
+    ASSERT_EQ(Gdiplus::GdiplusStartup(&token, &input, nullptr), Gdiplus::Ok);
+    EXPECT_NE(token, 0U);
+    Gdiplus::GdiplusShutdown(token);
+    EXPECT_DEBUG_DEATH(Gdiplus::GdiplusShutdown(token), "shutdown");
+    EXPECT_EQ(Gdiplus::GdiplusStartup(nullptr, &input, nullptr), Gdiplus::InvalidParameter);
+    EXPECT_EQ(Gdiplus::GdiplusStartup(&token, nullptr, nullptr), Gdiplus::InvalidParameter);
+    input.GdiplusVersion = 2;
+    EXPECT_EQ(Gdiplus::GdiplusStartup(&token, &input, nullptr), Gdiplus::InvalidParameter);
+}
+
 TEST_F(Drawing, FontsHaveTheirEmSizeWeightAndFirstInstalledFace) {
     const HFONT font = MakeFont(u"Segoe UI Semibold", -15, 600);
     EXPECT_EQ(FontOf(font).pixelSize(), 15);
@@ -216,7 +241,7 @@ TEST_F(Drawing, TextWithoutRoomWrapsAtBlanksOrLosesCharacters) {
     } cases[] = {
         {"what fits stays", "abc", width("abc"), DT_END_ELLIPSIS | DT_PATH_ELLIPSIS, "abc"},
         {"no flag, nothing lost", "abcdef", 5, DT_SINGLELINE, "abcdef"},
-        {"wrapped before a dot", "one .two  three", width("one .two"), DT_WORDBREAK, "one|.two|three"},
+        {"wrapped before a dot", "one .two  three", width("one .t"), DT_WORDBREAK, "one|.two|three"},
         {"one line doesn't wrap", "one two", 5, DT_WORDBREAK | DT_SINGLELINE, "one two"},
         {"a long word stays whole", "a wwwwwwwwww b", width("www"), DT_WORDBREAK, "a|wwwwwwwwww|b"},
         {"line ends", "a\r\nb\rc\n", 99, 0, "a|b|c|"},

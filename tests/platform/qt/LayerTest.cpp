@@ -134,3 +134,9 @@ TEST_F(Layer, ComposedTextAndAltKeysReachNoProcedureAsKeys) {
 
 } // namespace
 } // namespace ovrin
+
+int main(int argc, char **argv) {
+    testing::InitGoogleTest(&argc, argv);
+    const QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
