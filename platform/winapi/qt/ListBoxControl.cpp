@@ -176,7 +176,7 @@ void ListBoxControl::Select(int row) {
     }
     selected_ = row;
     ScrollIntoView(row);
-    update();
+    repaint(); // now: the notification that follows may hide the list
 }
 
 void ListBoxControl::ScrollTo(int topRow) {

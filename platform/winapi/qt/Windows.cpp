@@ -132,9 +132,12 @@ BOOL DestroyWindow(HWND window) {
     if (host == nullptr) {
         return FALSE;
     }
+    const auto children = ChildrenOf(window);
+    for (WindowHost *child : children) {
+        child->tracksLeave = false; // the mouse doesn't leave what is no more
+    }
     ovrin::layer::PassFocusToParent(*host);
     host->Widget().hide(); // the activation and the focus go first
-    const auto children = ChildrenOf(window);
     host->Send(WM_DESTROY, 0, 0);
     for (WindowHost *child : children) {
         child->Send(WM_DESTROY, 0, 0);

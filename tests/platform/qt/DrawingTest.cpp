@@ -3,13 +3,11 @@
 #include "platform/winapi/qt/DeviceContext.h"
 #include "platform/winapi/qt/TextDrawing.h"
 
-#include <QApplication>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QImage>
 #include <QPainter>
 #include <gtest/gtest.h>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -37,11 +35,6 @@ QRect Inked(const QImage &image, QRgb background) {
 class Drawing : public testing::Test {
 protected:
     Drawing() {
-        if (QCoreApplication::instance() == nullptr) {
-            static int count = 1;
-            static char name[] = "test", *arguments[] = {name, nullptr};
-            application_ = std::make_unique<QApplication>(count, arguments);
-        }
         target_.fill(white);
         painter_.begin(&target_);
         context_.emplace(painter_);
@@ -59,7 +52,6 @@ protected:
         return DrawTextW(dc(), text.data(), static_cast<int>(text.size()), &rect, format);
     }
 
-    std::unique_ptr<QApplication> application_;
     QImage target_{200, 80, QImage::Format_RGB32};
     QPainter painter_;
     std::optional<ContextScope> context_;
