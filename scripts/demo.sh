@@ -68,7 +68,7 @@ has_ended() {
 unset XDG_CONFIG_HOME XDG_DATA_HOME USERPROFILE APPDATA LOCALAPPDATA OVRIN_USER_SETTINGS_DIR
 export HOME="$home" QT_QPA_PLATFORM=xcb
 export OVRIN_EDITOR_LOG="$home/editor.log"
-"$launcher" &
+"$launcher" >/dev/null & # the editor inherits its output, and reports to the log as well
 process=$!
 wait_until "the launcher's window" find_window
 

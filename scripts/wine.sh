@@ -1,6 +1,9 @@
 #!/usr/bin/env bash
 # Runs a Windows program under 64-bit Wine: wine.sh PROGRAM [ARGUMENT...]
 #
+# wine.sh --environment COMMAND [ARGUMENT...] runs a command of this system with Wine's environment set instead; the
+# variable WINELOADER names Wine itself.
+#
 # The prefix is the project's own, in build/wine-prefix or where OVRIN_WINE_PREFIX says. It is made on first use, which
 # takes about 20 seconds, and kept; of several first users one makes it and the others wait.
 set -euo pipefail
@@ -36,4 +39,8 @@ if [[ ! -e "$WINEPREFIX/ready" ]]; then
     exec 9>&-
 fi
 
+if [[ "${1:-}" == --environment ]]; then
+    shift
+    exec "$@"
+fi
 exec "$wine" "$@"

@@ -22,31 +22,37 @@ Options ParseOptions(const std::vector<NativeText> &arguments) {
     for (std::size_t index = 0; index < arguments.size(); index += 2) {
         const std::string name = ToUtf8(arguments[index]);
         if (name != "--project" && name != "--create-project" && name != "--project-name" &&
-            name != "--project-template")
+            name != "--project-template") {
             throw std::runtime_error("Unknown argument: " + name);
-        if (index + 1 == arguments.size())
+        }
+        if (index + 1 == arguments.size()) {
             throw std::runtime_error("Nothing follows " + name);
-        if (!options.emplace(name, arguments[index + 1]).second)
+        }
+        if (!options.emplace(name, arguments[index + 1]).second) {
             throw std::runtime_error("Given twice: " + name);
+        }
     }
     return options;
 }
 
 void CreateProject(const Options &options) {
     const std::filesystem::path file = options.at("--create-project");
-    if (std::filesystem::exists(file))
+    if (std::filesystem::exists(file)) {
         throw std::runtime_error("There is a project already: " + ToUtf8(file.native()));
+    }
     std::ofstream stream(file, std::ios::binary);
     stream << "name = " << ToUtf8(options.at("--project-name")) << '\n'
            << "template = " << ToUtf8(options.at("--project-template")) << '\n';
-    if (!stream.flush())
+    if (!stream.flush()) {
         throw std::runtime_error("Can't write " + ToUtf8(file.native()));
+    }
 }
 
 void OpenProject(const Options &options) {
     const std::filesystem::path file = options.at("--project");
-    if (!std::filesystem::is_regular_file(file))
+    if (!std::filesystem::is_regular_file(file)) {
         throw std::runtime_error("There is no project file " + ToUtf8(file.native()));
+    }
 }
 
 std::string DoWhatIsAsked(const std::vector<NativeText> &arguments) {
@@ -65,16 +71,18 @@ std::string DoWhatIsAsked(const std::vector<NativeText> &arguments) {
 
 std::string Report(const std::vector<NativeText> &arguments, const NativeText &commandLine) {
     std::ostringstream report;
-    for (const NativeText &argument : arguments)
+    for (const NativeText &argument : arguments) {
         report << "Argument: " << ToUtf8(argument) << '\n';
+    }
     report << "Command line: " << ToUtf8(commandLine) << '\n';
     return report.str();
 }
 
 void Publish(const std::string &report) {
     std::cout << report << std::flush;
-    if (const char *log = std::getenv("OVRIN_EDITOR_LOG"))
+    if (const char *log = std::getenv("OVRIN_EDITOR_LOG")) {
         std::ofstream(log, std::ios::binary | std::ios::app) << report;
+    }
 }
 
 } // namespace

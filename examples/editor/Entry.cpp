@@ -21,8 +21,9 @@ namespace {
 // There is no line here, only a list: this one shows it in quotes.
 std::string QuotedLine(const std::vector<std::string> &arguments) {
     std::ostringstream line;
-    for (const std::string &argument : arguments)
+    for (const std::string &argument : arguments) {
         line << (line.tellp() == 0 ? "" : " ") << std::quoted(argument);
+    }
     return line.str();
 }
 

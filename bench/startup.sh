@@ -1,0 +1,39 @@
+#!/usr/bin/env bash
+# Measures the launcher's start beside the barest window of the platform: startup.sh [linux|windows] [ROUNDS]
+#
+# Builds in build/bench-<preset>, and runs on a virtual display of its own without a window manager, whose frames and
+# placing would be measured too.
+set -euo pipefail
+
+root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+preset="${1:-linux}"
+rounds="${2:-15}"
+build="$root/build/bench-$preset"
+cd "$root"
+
+case "$preset" in
+linux) scripts/setup.sh build desktop bench ;;
+windows) scripts/setup.sh build desktop bench windows ;;
+*)
+    echo "usage: bench/startup.sh [linux|windows] [ROUNDS]" >&2
+    exit 2
+    ;;
+esac
+
+cmake --preset "$preset" -B "$build" -DCMAKE_BUILD_TYPE=Release -DOVRIN_BENCH=ON -DBUILD_TESTING=OFF >/dev/null
+cmake --build "$build" --target OvrinLauncher BareWindow >/dev/null
+
+home="$(mktemp -d)"
+trap 'rm -rf "$home"' EXIT
+export HOME="$home" USERPROFILE="$home" APPDATA="$home" LOCALAPPDATA="$home" QT_QPA_PLATFORM=xcb
+unset XDG_CONFIG_HOME XDG_DATA_HOME
+
+on_bare_display=(env OVRIN_WINDOW_MANAGER=none scripts/display.sh)
+if [[ "$preset" == windows ]]; then
+    # shellcheck disable=SC2016 # the inner shell expands it, once the loader's name is known
+    "${on_bare_display[@]}" scripts/wine.sh --environment sh -c \
+        'exec python3 "$0" "$1" "$WINELOADER $2/OvrinLauncher.exe" "$WINELOADER $2/BareWindow.exe"' \
+        bench/startup.py "$rounds" "$build/bin"
+else
+    "${on_bare_display[@]}" python3 bench/startup.py "$rounds" "$build/bin/OvrinLauncher" "$build/bin/BareWindow"
+fi
