@@ -18,18 +18,29 @@ QString FaceOf(const LOGFONTW &font) {
     return QString::fromUtf16(std::begin(font.lfFaceName), end - std::begin(font.lfFaceName));
 }
 
+// Asked once: for each family that it doesn't know the toolkit would search the system's aliases anew.
+bool IsInstalled(const QString &family) {
+    static const QStringList installed = QFontDatabase::families();
+    return installed.contains(family, Qt::CaseInsensitive);
+}
+
+// The desktop's sans where none of them is installed.
+QString FirstInstalled(const QStringList &families) {
+    const auto found = std::find_if(families.begin(), families.end(), IsInstalled);
+    return found != families.end() ? *found : QStringLiteral("sans-serif");
+}
+
 QFont ResolveFont(const LOGFONTW &asked) {
     constexpr int normalWeight = 400, semiboldWeight = 600, heaviestWeight = 1000;
     const QString semiboldEnding = QStringLiteral(" Semibold");
     QString face = FaceOf(asked);
     int weight = asked.lfWeight > 0 ? std::min<int>(asked.lfWeight, heaviestWeight) : normalWeight;
-    if (face.endsWith(semiboldEnding, Qt::CaseInsensitive) && !QFontDatabase::hasFamily(face)) {
+    if (face.endsWith(semiboldEnding, Qt::CaseInsensitive) && !IsInstalled(face)) {
         face.chop(semiboldEnding.size());
         weight = std::max(weight, semiboldWeight);
     }
-    QFont font;
-    font.setFamilies({face, QStringLiteral("Selawik"), QStringLiteral("Open Sans"), QStringLiteral("Noto Sans"),
-                      QStringLiteral("sans-serif")});
+    QFont font(
+        FirstInstalled({face, QStringLiteral("Selawik"), QStringLiteral("Open Sans"), QStringLiteral("Noto Sans")}));
     font.setPixelSize(-asked.lfHeight);
     font.setWeight(static_cast<QFont::Weight>(weight));
     font.setStyleStrategy(QFont::PreferAntialias);

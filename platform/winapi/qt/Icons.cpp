@@ -12,15 +12,18 @@ namespace {
 
 constexpr int iconSizes[] = {16, 24, 32, 48, 64, 128, 256};
 
-HandleTable<HICON, QIcon> &Icons() {
-    static HandleTable<HICON, QIcon> table;
+// Handles stand for pictures that are read when they are first shown.
+enum class Picture { ProgramIcon, Arrow };
+
+HandleTable<HICON, Picture> &Icons() {
+    static HandleTable<HICON, Picture> table;
     return table;
 }
 
-std::unique_ptr<QIcon> IconFromResources() {
-    auto icon = std::make_unique<QIcon>();
+QIcon IconFromResources() {
+    QIcon icon;
     for (const int size : iconSizes) {
-        icon->addFile(QStringLiteral(":/ovrin/icon/%1.png").arg(size), QSize(size, size));
+        icon.addFile(QStringLiteral(":/ovrin/icon/%1.png").arg(size), QSize(size, size));
     }
     return icon;
 }
@@ -28,22 +31,24 @@ std::unique_ptr<QIcon> IconFromResources() {
 } // namespace
 
 QIcon IconOf(HICON icon) {
-    const QIcon *found = Icons().Find(icon);
-    return found == nullptr ? QIcon() : *found;
+    const Picture *found = Icons().Find(icon);
+    return found != nullptr && *found == Picture::ProgramIcon ? IconFromResources() : QIcon();
 }
 
 } // namespace ovrin::layer
+
+using ovrin::layer::Picture;
 
 HICON LoadIconW(HINSTANCE /*instance*/, LPCWSTR /*name*/) {
     if (!QFile::exists(QStringLiteral(":/ovrin/icon/16.png"))) {
         return nullptr;
     }
-    static const HICON icon = ovrin::layer::Icons().Add(ovrin::layer::IconFromResources());
+    static const HICON icon = ovrin::layer::Icons().Add(std::make_unique<Picture>(Picture::ProgramIcon));
     return icon;
 }
 
 // The toolkit shows the arrow by itself: the handle stands for it.
 HCURSOR LoadCursorA(HINSTANCE /*instance*/, LPCSTR /*name*/) {
-    static const HCURSOR arrow = ovrin::layer::Icons().Add(std::make_unique<QIcon>());
+    static const HCURSOR arrow = ovrin::layer::Icons().Add(std::make_unique<Picture>(Picture::Arrow));
     return arrow;
 }

@@ -40,7 +40,6 @@ TopLevelWindow::TopLevelWindow(const Facts &facts, const WindowClass &windowClas
     setWindowFlags(frameOfFixedSize);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
-    setWindowIcon(IconOf(windowClass.icon));
     move(place.topLeft());
     setFixedSize(place.size());
     setFocus();
@@ -57,7 +56,8 @@ void TopLevelWindow::ShowAndWait() {
     raise();
     activateWindow();
     WaitForExposure(*windowHandle());
-    if (!std::exchange(sizeTold_, true)) {
+    if (!std::exchange(shownBefore_, true)) {
+        setWindowIcon(IconOf(class_.icon)); // seven pictures to read: the window is seen first
         TellSize();
     }
 }

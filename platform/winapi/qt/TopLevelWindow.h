@@ -47,7 +47,7 @@ private:
     void TellActive(bool active);
 
     const WindowClass &class_;
-    bool sizeTold_ = false;
+    bool shownBefore_ = false;
     bool active_ = false;
 };
 
