@@ -13,7 +13,7 @@ WideText ReadFormText(HWND control) {
     }
     WideText buffer(static_cast<std::size_t>(length) + 1, WideChar{0});
     GetWindowTextW(control, buffer.data(), length + 1);
-    return WideText{buffer.c_str()};
+    return buffer.substr(0, buffer.find(WideChar{0}));
 }
 
 std::filesystem::path DefaultProjectLocation() {

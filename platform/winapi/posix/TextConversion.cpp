@@ -151,7 +151,7 @@ int MultiByteToWideChar([[maybe_unused]] UINT codePage, DWORD flags, const char 
 
 int WideCharToMultiByte([[maybe_unused]] UINT codePage, [[maybe_unused]] DWORD flags, LPCWSTR text, int textLength,
                         char *buffer, int bufferLength, [[maybe_unused]] const char *defaultChar,
-                        [[maybe_unused]] BOOL *usedDefaultChar) {
+                        [[maybe_unused]] BOOL *usedDefaultChar) { // NOLINT(readability-non-const-parameter)
     assert(codePage == CP_UTF8 && flags == 0 && textLength >= 0 && !defaultChar && !usedDefaultChar);
     Output<char> output(buffer, bufferLength);
     std::u16string_view rest(text, static_cast<std::size_t>(textLength));
