@@ -7,6 +7,8 @@
 #include "platform/text/NarrowPath.h"
 #include "platform/winapi/Accessibility.h"
 
+#include <vector>
+
 namespace ovrin {
 
 namespace {
@@ -17,7 +19,6 @@ constexpr DWORD buttonStyles = childStyles | WS_VISIBLE | BS_OWNERDRAW;
 constexpr DWORD popupStyles = childStyles | LBS_NOTIFY | LBS_OWNERDRAWFIXED | LBS_NOINTEGRALHEIGHT;
 constexpr DWORD listStyles = popupStyles | WS_VISIBLE | WS_VSCROLL;
 
-constexpr LPARAM popupRowHeight = 40;
 constexpr UINT_PTR subclassId = 1;
 
 constexpr const WideChar *edit = WIDE("EDIT");
@@ -82,7 +83,7 @@ void FillTemplatePopup(const LauncherState &state) {
     for (const ProjectTemplate &row : projectTemplates) {
         SendMessageW(state.templatePopup, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row.label.data()));
     }
-    SendMessageW(state.templatePopup, LB_SETITEMHEIGHT, 0, popupRowHeight);
+    SendMessageW(state.templatePopup, LB_SETITEMHEIGHT, 0, templateRowHeight);
     SendMessageW(state.templatePopup, LB_SETCURSEL, 0, 0);
 }
 
@@ -95,11 +96,13 @@ void SetControlFonts(const LauncherState &state) {
 }
 
 void NameForScreenReaders(const LauncherState &state) {
+    std::vector<AccessibleName> names;
     for (const LauncherControl &control : controls) {
         if (control.accessibleName != nullptr) {
-            SetAccessibleName(state.*control.handle, control.accessibleName);
+            names.push_back({state.*control.handle, control.accessibleName});
         }
     }
+    SetAccessibleNames(names);
 }
 
 void MoveControl(HWND control, const RECT &rect) {
@@ -108,7 +111,7 @@ void MoveControl(HWND control, const RECT &rect) {
 
 void PlaceTemplatePopup(const LauncherState &state) {
     MoveControl(state.templatePopup, state.layout.templatePopupRect);
-    SendMessageW(state.templatePopup, LB_SETITEMHEIGHT, 0, popupRowHeight);
+    SendMessageW(state.templatePopup, LB_SETITEMHEIGHT, 0, templateRowHeight);
     ShowWindow(state.templatePopup, state.templatePopupOpen ? SW_SHOWNA : SW_HIDE);
 }
 

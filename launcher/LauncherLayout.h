@@ -36,6 +36,9 @@ struct LauncherLayout {
     std::int32_t recentRowHeight = 64; // 72 after the first computation
 };
 
+// Of the template popup; the recent list's is part of the layout.
+constexpr std::int32_t templateRowHeight = 40;
+
 // Reads only the width and the height of `clientRect`. A small client gives inverted rectangles, as they are.
 [[nodiscard]] LauncherLayout ComputeLauncherLayout(const RECT &clientRect);
 

@@ -18,7 +18,6 @@ namespace {
 
 constexpr POINT minimumOuterSize{1100, 760};
 constexpr UINT rowHeightBeforeLayout = LauncherLayout{}.recentRowHeight;
-constexpr UINT popupRowHeight = 40;
 
 LauncherState *StateOf(HWND window) {
     // NOLINTNEXTLINE(performance-no-int-to-ptr): the platform keeps the pointer as a number
@@ -117,7 +116,7 @@ LRESULT OnMeasureItem(HWND window, const LauncherState *state, WPARAM wParam, LP
         return 1;
     }
     if (item != nullptr && item->CtlID == ControlId::templatePopup) {
-        item->itemHeight = popupRowHeight;
+        item->itemHeight = templateRowHeight;
         return 1;
     }
     return DefWindowProcW(window, WM_MEASUREITEM, wParam, lParam);

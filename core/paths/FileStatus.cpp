@@ -2,10 +2,13 @@
 
 #include "core/paths/FileStatusPlatform.h"
 #include "core/paths/PathForm.h"
+#include "core/paths/PathRoot.h"
 #include "platform/text/NarrowPath.h"
 #include "platform/text/TextConversion.h"
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 namespace ovrin {
 
@@ -34,28 +37,60 @@ bool IsFolder(const std::filesystem::path &path) {
     return status && status->isFolder;
 }
 
-void MakeMissingFolders(const std::filesystem::path &path, std::error_code &error) {
-    const auto status = QueryEntry(path, error);
-    if (status) {
-        error = status->isFolder ? std::error_code() : NotAFolder();
-        return;
+// Where each folder of the chain ends in the path's text, the topmost first. The root isn't one of them.
+std::vector<std::size_t> EndsOfFolders(const std::filesystem::path &path) {
+    using Text = std::filesystem::path::string_type;
+    constexpr Text::value_type slash{'/'};
+    const Text text = PathForm::GenericText(path);
+    std::vector<std::size_t> ends;
+    std::size_t begin = text.find_first_not_of(slash, SplitRoot(path).rootName.size());
+    while (begin != Text::npos) {
+        ends.push_back(std::min(text.find(slash, begin), text.size()));
+        begin = text.find_first_not_of(slash, ends.back());
     }
-    if (!MeansAbsent(error)) {
-        return;
-    }
-    error.clear();
-    const std::filesystem::path parent = PathForm::ParentOf(path);
-    if (!parent.empty() && parent != path) {
-        MakeMissingFolders(parent, error);
-    }
-    if (!error) {
-        MakeFolder(path, error);
-    }
-    // Another program may have been quicker, and a trailing dot or separator names the folder just made.
-    if (error && IsFolder(path)) {
-        error.clear();
-    }
+    return ends;
 }
+
+// A chain of folders by its text: a location may have thousands of elements.
+class FolderChain {
+public:
+    explicit FolderChain(const std::filesystem::path &path) : text_(path.native()), ends_(EndsOfFolders(path)) {}
+
+    void MakeMissing(std::error_code &error) {
+        // What lies under a folder that isn't there isn't there either, so halving finds the first one missing.
+        const auto missing = std::partition_point(
+            ends_.begin(), ends_.end(), [&](std::size_t end) { return !error && !IsMissing(FolderAt(end), error); });
+        for (auto end = missing; end != ends_.end() && !error; ++end) {
+            Make(FolderAt(*end), error);
+        }
+    }
+
+private:
+    [[nodiscard]] std::filesystem::path FolderAt(std::size_t end) const { return text_.substr(0, end); }
+
+    static bool IsMissing(const std::filesystem::path &folder, std::error_code &error) {
+        std::error_code query;
+        const auto status = QueryEntry(folder, query);
+        if (!status && MeansMissing(query)) {
+            return true;
+        }
+        if (!status || !status->isFolder) {
+            error = status ? NotAFolder() : query;
+        }
+        return false;
+    }
+
+    // Another program may have been quicker, and a trailing dot names the folder just made.
+    static void Make(const std::filesystem::path &folder, std::error_code &error) {
+        MakeFolder(folder, error);
+        if (error && IsFolder(folder)) {
+            error.clear();
+        }
+    }
+
+    std::filesystem::path::string_type text_;
+    std::vector<std::size_t> ends_;
+};
 
 } // namespace
 
@@ -85,7 +120,13 @@ bool IsPathEmpty(const std::filesystem::path &path) {
 
 void CreateDirectoryChain(const std::filesystem::path &path) {
     std::error_code error;
-    MakeMissingFolders(path, error);
+    // Asked first: a path that is too long as a whole then makes no folder at all.
+    if (!QueryEntry(path, error) && MeansMissing(error) && !path.empty()) {
+        error.clear();
+        FolderChain(path).MakeMissing(error);
+    } else if (!error && !IsFolder(path)) {
+        error = NotAFolder();
+    }
     if (error) {
         throw PathError("create_directories", path, error);
     }

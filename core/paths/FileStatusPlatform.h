@@ -20,6 +20,9 @@ struct EntryStatus {
 
 [[nodiscard]] bool MeansAbsent(const std::error_code &error);
 
+// Absent, and may be made: not a name that no folder can have.
+[[nodiscard]] bool MeansMissing(const std::error_code &error);
+
 // Meaningless on failure.
 [[nodiscard]] bool IsFolderEmpty(const std::filesystem::path &path, std::error_code &error);
 

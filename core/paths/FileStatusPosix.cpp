@@ -29,6 +29,10 @@ bool MeansAbsent(const std::error_code &error) {
     return std::ranges::find(absentCodes, error.value()) != std::end(absentCodes);
 }
 
+bool MeansMissing(const std::error_code &error) {
+    return error.value() == ENOENT;
+}
+
 bool IsFolderEmpty(const std::filesystem::path &path, std::error_code &error) {
     const std::filesystem::directory_iterator first(path, error);
     return first == std::filesystem::directory_iterator();

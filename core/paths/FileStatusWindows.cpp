@@ -76,6 +76,10 @@ bool MeansAbsent(const std::error_code &error) {
     return std::ranges::find(absentCodes, static_cast<DWORD>(error.value())) != std::end(absentCodes);
 }
 
+bool MeansMissing(const std::error_code &error) {
+    return error.value() == ERROR_FILE_NOT_FOUND || error.value() == ERROR_PATH_NOT_FOUND;
+}
+
 bool IsFolderEmpty(const std::filesystem::path &path, std::error_code &error) {
     WIN32_FIND_DATAW entry{};
     const HANDLE handle = FindFirstFileW(PathForm::Join(path, L"*").c_str(), &entry);

@@ -2,6 +2,7 @@
 
 #include "platform/winapi/WinApi.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 

@@ -12,6 +12,7 @@
 #include <exception>
 #include <filesystem>
 #include <optional>
+#include <utility>
 
 namespace ovrin {
 

@@ -1,5 +1,6 @@
 #include "launcher/workflows/RecentListView.h"
 
+#include "launcher/FieldChrome.h"
 #include "launcher/workflows/OpenProject.h"
 #include "platform/text/NarrowPath.h"
 #include "platform/text/TextConversion.h"
@@ -23,9 +24,7 @@ void RefreshRecentList(LauncherState &state) {
     ShowWindow(state.recentList, filled != FALSE ? SW_SHOW : SW_HIDE);
     EnableWindow(state.openSelectedButton, filled);
     EnableWindow(state.removeMissingButton, filled);
-    RECT card = state.layout.recentCardRect;
-    InflateRect(&card, 4, 4);
-    InvalidateRect(state.mainWindow, &card, FALSE);
+    InvalidateChrome(state, state.layout.recentCardRect); // the empty-state text comes or goes
 }
 
 // There is no list on disk yet: what the record holds is all there is.

@@ -1,7 +1,14 @@
-// The name by which a screen reader announces a control that has no text of its own.
+// The names by which a screen reader announces controls that have no text of their own.
 #pragma once
 
 #include "platform/winapi/WinApi.h"
 
-// Copies `name`. Without effect on a null window, and where the platform takes no such name.
-void SetAccessibleName(HWND window, LPCWSTR name);
+#include <vector>
+
+struct AccessibleName {
+    HWND window;
+    LPCWSTR name;
+};
+
+// Copies the names. Without effect on null windows, and where the platform takes no such names.
+void SetAccessibleNames(const std::vector<AccessibleName> &names);

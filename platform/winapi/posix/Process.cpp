@@ -20,7 +20,7 @@ namespace {
 constexpr int firstPrivateDescriptor = 3;
 
 // Open handles by number; a number is used once, so that a stale handle closes nothing.
-class HandleTable {
+class ProcessHandles {
 public:
     HANDLE Open() {
         const std::scoped_lock lock(mutex_);
@@ -39,8 +39,8 @@ private:
     ULONG_PTR last_ = 0;       // guarded by mutex_
 };
 
-HandleTable &Handles() {
-    static HandleTable table;
+ProcessHandles &Handles() {
+    static ProcessHandles table;
     return table;
 }
 

@@ -8,12 +8,19 @@
 
 #include <QAccessibleActionInterface>
 #include <QAccessibleWidget>
+#include <QApplication>
 
 #include <map>
 
 namespace ovrin::layer {
 
 namespace {
+
+// The toolkit judges by its own focus policy, which these widgets don't use.
+QAccessible::State Focusable(QAccessible::State state) {
+    state.focusable = true;
+    return state;
+}
 
 class AccessibleButton : public QAccessibleWidget {
 public:
@@ -24,9 +31,13 @@ public:
         const QString name = QAccessibleWidget::text(kind);
         return kind == QAccessible::Name && name.isEmpty() ? button_.Text() : name;
     }
+    [[nodiscard]] QAccessible::State state() const override { return Focusable(QAccessibleWidget::state()); }
     [[nodiscard]] QStringList actionNames() const override { return {pressAction()}; }
     void doAction(const QString &action) override {
-        if (action == pressAction() && button_.isEnabled()) {
+        // Under a message box the window takes no input, a screen reader's neither.
+        const bool takesInput =
+            button_.isEnabled() && button_.isVisible() && QApplication::activeModalWidget() == nullptr;
+        if (action == pressAction() && takesInput) {
             button_.Click();
         }
     }
@@ -81,6 +92,7 @@ public:
         }
     }
 
+    [[nodiscard]] QAccessible::State state() const override { return Focusable(QAccessibleWidget::state()); }
     [[nodiscard]] int childCount() const override { return static_cast<int>(list_.RowTexts().size()); }
     [[nodiscard]] QAccessibleInterface *child(int index) const override {
         if (index < 0 || index >= childCount()) {
@@ -127,8 +139,10 @@ void InstallAccessibility() {
 
 } // namespace ovrin::layer
 
-void SetAccessibleName(HWND window, LPCWSTR name) {
-    if (auto *host = ovrin::layer::HostOf(window)) {
-        host->Widget().setAccessibleName(QString::fromUtf16(name));
+void SetAccessibleNames(const std::vector<AccessibleName> &names) {
+    for (const auto &[window, name] : names) {
+        if (auto *host = ovrin::layer::HostOf(window)) {
+            host->Widget().setAccessibleName(QString::fromUtf16(name));
+        }
     }
 }

@@ -7,6 +7,10 @@
 #include "platform/winapi/qt/DeviceContext.h"
 
 #include <QImage>
+#include <QRegularExpression>
+#include <QValidator>
+
+#include <algorithm>
 
 namespace ovrin::layer {
 
@@ -14,15 +18,47 @@ namespace {
 
 constexpr QRgb bannerColour = qRgb(109, 109, 109); // the platform's grey text
 
+// Of what is pasted or dropped only the first line is taken. What came in is where the text differs from before.
+class OneLine : public QValidator {
+public:
+    explicit OneLine(QLineEdit &edit) : QValidator(&edit) {
+        QObject::connect(&edit, &QLineEdit::textChanged, this, [this](const QString &text) { before_ = text; });
+    }
+
+    State validate(QString &text, int &position) const override {
+        static const QRegularExpression lineEnd(QStringLiteral("[\\r\\n]"));
+        const auto cut = text.indexOf(lineEnd);
+        if (cut >= 0) {
+            const auto behind = std::mismatch(text.crbegin(), text.crend(), before_.crbegin(), before_.crend()).first;
+            const auto kept = std::max(cut, text.size() - static_cast<qsizetype>(behind - text.crbegin()));
+            text.remove(cut, kept - cut);
+            text.remove(lineEnd);
+            position = static_cast<int>(cut);
+        }
+        return Acceptable;
+    }
+
+private:
+    QString before_;
+};
+
 } // namespace
 
 EditControl::EditControl(const Facts &facts, QWidget *parent) : MessageSource(facts, parent) {
+    setFocusPolicy(Qt::ClickFocus); // whichever button clicks: the menu acts on the edit that has the focus
     setFrame(false);
+    setValidator(new OneLine(*this));
     setAlignment(Qt::AlignLeft | Qt::AlignTop);
     QObject::connect(this, &QLineEdit::textChanged, this, [this] {
         Notify(EN_UPDATE);
         Notify(EN_CHANGE);
     });
+}
+
+// A text that is set shows its beginning.
+void EditControl::SetText(const QString &text) {
+    setText(text);
+    setCursorPosition(0);
 }
 
 LRESULT EditControl::Procedure(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -12,7 +12,7 @@ public:
     EditControl(const Facts &facts, QWidget *parent);
 
     [[nodiscard]] QString Text() const override { return text(); }
-    void SetText(const QString &text) override { setText(text); }
+    void SetText(const QString &text) override;
 
 protected:
     LRESULT Procedure(UINT message, WPARAM wParam, LPARAM lParam) override;

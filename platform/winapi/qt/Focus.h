@@ -1,8 +1,6 @@
 // The input focus among the windows of the layer.
 #pragma once
 
-class QWidget;
-
 namespace ovrin::layer {
 
 class WindowHost;

@@ -5,6 +5,8 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 
+#include <utility>
+
 namespace ovrin::layer {
 
 namespace {
@@ -33,6 +35,11 @@ LPARAM PackPoint(const QPointF &point) {
 QPoint UnpackPoint(LPARAM packed) {
     const auto pair = static_cast<DWORD_PTR>(packed);
     return {static_cast<SHORT>(LOWORD(pair)), static_cast<SHORT>(HIWORD(pair))};
+}
+
+bool NotePress(HWND window) {
+    static HWND last = nullptr;
+    return std::exchange(last, window) == window;
 }
 
 WPARAM VirtualKey(const QKeyEvent &event) {

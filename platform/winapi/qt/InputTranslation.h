@@ -14,6 +14,10 @@ namespace ovrin::layer {
 [[nodiscard]] LPARAM PackPoint(const QPointF &point);
 [[nodiscard]] QPoint UnpackPoint(LPARAM packed);
 
+// True if the press before this one was on the same window, without which no two presses are a double click: the first
+// may have hidden the window that it was on.
+bool NotePress(HWND window);
+
 // Both Enter keys are VK_RETURN. Keys that nothing here asks for share one code that the platform leaves free.
 [[nodiscard]] WPARAM VirtualKey(const QKeyEvent &event);
 

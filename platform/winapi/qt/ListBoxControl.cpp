@@ -6,6 +6,7 @@
 
 #include "platform/winapi/qt/DeviceContext.h"
 
+#include <QAccessible>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -177,6 +178,11 @@ void ListBoxControl::Select(int row) {
     selected_ = row;
     ScrollIntoView(row);
     repaint(); // now: the notification that follows may hide the list
+    if (hasFocus() && row >= 0) {
+        QAccessibleEvent focused(this, QAccessible::Focus);
+        focused.setChild(row);
+        QAccessible::updateAccessibility(&focused);
+    }
 }
 
 void ListBoxControl::ScrollTo(int topRow) {
@@ -251,7 +257,9 @@ void ListBoxControl::resizeEvent(QResizeEvent *event) {
 
 void ListBoxControl::wheelEvent(QWheelEvent *event) {
     if ((facts().style & WS_VSCROLL) != 0) {
-        ScrollTo(topRow_ - (event->angleDelta().y() * rowsOfWheelStep / wheelStep));
+        wheelTurned_ += event->angleDelta().y() * rowsOfWheelStep; // a fine wheel turns by less than a row
+        ScrollTo(topRow_ - (wheelTurned_ / wheelStep));
+        wheelTurned_ %= wheelStep;
     }
     event->accept();
 }

@@ -59,6 +59,7 @@ private:
     int selected_ = -1;
     int topRow_ = 0;
     int selectedBeforePress_ = -1;
+    int wheelTurned_ = 0;             // in parts of a row, what has not scrolled a whole one yet
     bool tracking_ = false;           // from a press to its release
     QScrollBar *scrollBar_ = nullptr; // made when rows don't fit for the first time
 };

@@ -3,6 +3,7 @@
 #include "platform/winapi/qt/WindowHost.h"
 
 #include <QMessageBox>
+#include <QPointer>
 
 #include <cassert>
 
@@ -24,12 +25,14 @@ QMessageBox::Icon IconFor(UINT flags) {
 int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR title, UINT flags) {
     assert((flags & ~(iconMask | MB_SETFOREGROUND)) == MB_OK);
     auto *host = ovrin::layer::HostOf(owner);
-    QMessageBox box(host == nullptr ? nullptr : &host->Widget());
-    box.setIcon(IconFor(flags));
-    box.setWindowTitle(QString::fromUtf16(title));
-    box.setTextFormat(Qt::PlainText); // a path may look like markup
-    box.setText(QString::fromUtf16(text));
-    box.setStandardButtons(QMessageBox::Ok);
-    box.exec();
+    // The owner may end while the box is up, and the box with it.
+    const QPointer<QMessageBox> box = new QMessageBox(host == nullptr ? nullptr : &host->Widget());
+    box->setIcon(IconFor(flags));
+    box->setWindowTitle(QString::fromUtf16(title));
+    box->setTextFormat(Qt::PlainText); // a path may look like markup
+    box->setText(QString::fromUtf16(text));
+    box->setStandardButtons(QMessageBox::Ok);
+    box->exec();
+    delete box;
     return IDOK;
 }

@@ -30,9 +30,14 @@ public:
 protected:
     [[nodiscard]] QEvent *currentEvent() const { return current_; }
 
-    void mousePressEvent(QMouseEvent *event) override { SendMouse(WM_LBUTTONDOWN, event); }
+    void mousePressEvent(QMouseEvent *event) override {
+        NotePress(handle());
+        SendMouse(WM_LBUTTONDOWN, event);
+    }
     void mouseReleaseEvent(QMouseEvent *event) override { SendMouse(WM_LBUTTONUP, event); }
-    void mouseDoubleClickEvent(QMouseEvent *event) override { SendMouse(WM_LBUTTONDBLCLK, event); }
+    void mouseDoubleClickEvent(QMouseEvent *event) override {
+        SendMouse(NotePress(handle()) ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN, event);
+    }
     void mouseMoveEvent(QMouseEvent *event) override {
         SendEvent(event, WM_MOUSEMOVE, 0, PackPoint(event->position()));
     }
@@ -89,6 +94,8 @@ private:
             LeaveToToolkit(event);
             return;
         }
+        // A window that came to lie under a mouse at rest has seen no move yet; on the platform it has.
+        Send(WM_MOUSEMOVE, 0, PackPoint(event->position()));
         SendEvent(event, message, 0, PackPoint(event->position()));
     }
 

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QScreen>
 #include <QWindow>
 
 #include <algorithm>
@@ -40,7 +41,7 @@ TopLevelWindow::TopLevelWindow(const Facts &facts, const WindowClass &windowClas
     setWindowFlags(frameOfFixedSize);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
-    move(place.topLeft());
+    move(QGuiApplication::primaryScreen()->geometry().topLeft() + place.topLeft());
     setFixedSize(place.size());
     setFocus();
     QObject::connect(qApp, &QGuiApplication::applicationStateChanged, this,
@@ -108,6 +109,14 @@ void TopLevelWindow::paintEvent(QPaintEvent * /*event*/) {
 void TopLevelWindow::closeEvent(QCloseEvent *event) {
     event->ignore(); // the procedure decides
     Send(WM_CLOSE, 0, 0);
+}
+
+// The size is fixed for the user; some window managers choose it all the same.
+void TopLevelWindow::resizeEvent(QResizeEvent *event) {
+    QWidget::resizeEvent(event);
+    if (shownBefore_) {
+        TellSize();
+    }
 }
 
 // The toolkit doesn't resize a minimised window; the platform tells its zero client all the same.

@@ -198,11 +198,6 @@ BOOL IsWindowVisible(HWND window) {
     return host != nullptr && host->Widget().isVisible() ? TRUE : FALSE;
 }
 
-BOOL IsIconic(HWND window) {
-    auto *host = HostOf(window);
-    return host != nullptr && host->Widget().isMinimized() ? TRUE : FALSE;
-}
-
 BOOL GetClientRect(HWND window, RECT *rect) {
     auto *host = HostOf(window);
     if (host == nullptr) {

@@ -27,7 +27,6 @@ constexpr WORD LBN_DBLCLK = 2;
 constexpr WORD LBN_SETFOCUS = 4;
 constexpr WORD LBN_KILLFOCUS = 5;
 
-constexpr UINT EM_SETSEL = 0x00B1;
 constexpr UINT EM_SETCUEBANNER = 0x1501;
 
 constexpr UINT LB_ADDSTRING = 0x0180;
@@ -42,8 +41,6 @@ constexpr LRESULT LB_ERR = -1;
 constexpr UINT ODT_LISTBOX = 2;
 constexpr UINT ODT_BUTTON = 4;
 constexpr UINT ODA_DRAWENTIRE = 1;
-constexpr UINT ODA_SELECT = 2;
-constexpr UINT ODA_FOCUS = 4;
 constexpr UINT ODS_SELECTED = 0x0001;
 constexpr UINT ODS_DISABLED = 0x0004;
 constexpr UINT ODS_FOCUS = 0x0010;

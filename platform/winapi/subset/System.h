@@ -3,13 +3,6 @@
 
 #include "platform/winapi/subset/Types.h"
 
-constexpr DWORD ERROR_SUCCESS = 0;
-constexpr DWORD ERROR_FILE_NOT_FOUND = 2;
-constexpr DWORD ERROR_PATH_NOT_FOUND = 3;
-constexpr DWORD ERROR_ACCESS_DENIED = 5;
-constexpr DWORD ERROR_BAD_NETPATH = 53;
-constexpr DWORD ERROR_INVALID_NAME = 123;
-
 constexpr UINT CP_UTF8 = 65001;
 constexpr DWORD MB_ERR_INVALID_CHARS = 8;
 

@@ -7,7 +7,6 @@
 #define CALLBACK
 
 using BOOL = int;
-using INT = int;
 using UINT = unsigned int;
 using BYTE = std::uint8_t;
 using WORD = std::uint16_t;

@@ -184,7 +184,6 @@ BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, 
 BOOL BringWindowToTop(HWND window);
 BOOL ShowWindow(HWND window, int command);
 BOOL IsWindowVisible(HWND window);
-BOOL IsIconic(HWND window);
 BOOL UpdateWindow(HWND window);
 BOOL RedrawWindow(HWND window, const RECT *rect, HRGN region, UINT flags);
 BOOL InvalidateRect(HWND window, const RECT *rect, BOOL erase);

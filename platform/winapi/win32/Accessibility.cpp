@@ -1,5 +1,5 @@
-// Names for screen readers through the platform's annotation of windows. An annotation belongs to its window and goes
-// with it.
+// Names for screen readers through the platform's annotation of windows. They are never taken back: the windows end
+// with the process.
 
 #include "platform/winapi/Accessibility.h"
 
@@ -11,7 +11,7 @@
 namespace {
 
 class ComApartment {
-  public:
+public:
     ComApartment() noexcept : entered_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
     ComApartment(const ComApartment &) = delete;
     ComApartment &operator=(const ComApartment &) = delete;
@@ -21,7 +21,7 @@ class ComApartment {
         }
     }
 
-  private:
+private:
     bool entered_;
 };
 
@@ -37,10 +37,13 @@ std::unique_ptr<IAccPropServices, ReleaseObject> AnnotationService() {
 
 } // namespace
 
-void SetAccessibleName(HWND window, LPCWSTR name) {
+void SetAccessibleNames(const std::vector<AccessibleName> &names) {
     const ComApartment apartment;
     const auto service = AnnotationService();
-    if (window != nullptr && service) {
+    if (!service) {
+        return;
+    }
+    for (const auto &[window, name] : names) {
         service->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME, name);
     }
 }

@@ -78,6 +78,11 @@ TEST(CreateDirectoryChain, FailsWhereAFileIsInTheWayAndLeavesItThere) {
     ExpectPathError("create_directories", file / "below/it", create);
     ExpectPathError("create_directories", folder.Path() / std::string(300, 'n'), create);
     ExpectPathError("create_directories", {}, create);
+    std::filesystem::path endless = folder.Path() / "endless";
+    for (int element = 0; element < 16'000; ++element) {
+        endless += "/a";
+    }
+    ExpectPathError("create_directories", endless, create);
     EXPECT_TRUE(std::filesystem::is_regular_file(file));
 }
 

@@ -10,6 +10,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QTest>
@@ -68,6 +69,17 @@ TEST_F(Layer, TheBannerGoesWithTheFocus) {
     EXPECT_EQ(NameEdit()->placeholderText(), "Project name");
 }
 
+TEST_F(Layer, OnlyTheFirstLineOfAPasteIsTaken) {
+    Open();
+    SetWindowTextW(state_.projectNameEdit, WIDE("abcd"));
+    EXPECT_EQ(NameEdit()->cursorPosition(), 0);
+    NameEdit()->setCursorPosition(2);
+    QApplication::clipboard()->setText(QStringLiteral("one\ntwo\r\n"));
+    NameEdit()->paste();
+    EXPECT_EQ(NameEdit()->text(), QStringLiteral("abonecd"));
+    EXPECT_EQ(NameEdit()->cursorPosition(), 5);
+}
+
 TEST_F(Layer, ScreenReadersFindEveryControlByRoleAndName) {
     Open();
     const struct {
@@ -92,6 +104,7 @@ TEST_F(Layer, ScreenReadersFindEveryControlByRoleAndName) {
         ASSERT_NE(known, nullptr) << testCase.name;
         EXPECT_EQ(known->role(), testCase.role) << testCase.name;
         EXPECT_EQ(known->text(QAccessible::Name).toStdString(), testCase.name);
+        EXPECT_TRUE(known->state().focusable) << testCase.name;
     }
 }
 
