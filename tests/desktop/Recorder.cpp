@@ -218,7 +218,7 @@ LRESULT CALLBACK RecordingWndProc(HWND window, UINT message, WPARAM wParam, LPAR
         recording->recorder.Note(desktop::MeasuredLine(lParam));
     }
     if (message == WM_CREATE && result == 0) {
-        recording->recorder.WatchControls(*recording->state);
+        desktop::Recorder::WatchControls(*recording->state);
     }
     return result;
 }

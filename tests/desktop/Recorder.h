@@ -25,7 +25,7 @@ public:
     // moments of drawing and of telling that the mouse has left; while a button is held the latter isn't told at all.
     [[nodiscard]] std::vector<std::string> TakeLines();
 
-    void WatchControls(const LauncherState &state);
+    static void WatchControls(const LauncherState &state);
     void SeeWindowMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void SeeControlMessage(HWND control, UINT message, WPARAM wParam);
 

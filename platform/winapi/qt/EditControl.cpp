@@ -90,6 +90,7 @@ void EditControl::OnInput() {
 }
 
 // The toolkit's own handlers, called by name: event() would lead back into the procedures.
+// NOLINTBEGIN(bugprone-parent-virtual-call)
 void EditControl::LeaveToToolkit(QEvent *event) {
     switch (event->type()) {
     case QEvent::MouseButtonPress: QLineEdit::mousePressEvent(static_cast<QMouseEvent *>(event)); break;
@@ -101,6 +102,7 @@ void EditControl::LeaveToToolkit(QEvent *event) {
     default: break;
     }
 }
+// NOLINTEND(bugprone-parent-virtual-call)
 
 void EditControl::OnFocusChange(WORD notification) {
     ShowBanner();

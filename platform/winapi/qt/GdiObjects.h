@@ -16,7 +16,8 @@ class QPainter;
 namespace ovrin::layer {
 
 inline QColor ColourOf(COLORREF colour) {
-    return QColor::fromRgb(colour & 0xFFU, (colour >> 8U) & 0xFFU, (colour >> 16U) & 0xFFU);
+    const auto channel = [colour](unsigned shift) { return static_cast<int>((colour >> shift) & 0xFFU); };
+    return QColor::fromRgb(channel(0), channel(8), channel(16));
 }
 
 // `selections`: in how many contexts an object is selected now.

@@ -33,10 +33,11 @@ constexpr BOOL TRUE = 1;
 constexpr BOOL FALSE = 0;
 
 // A handle is a key into a table of the layer, never the address of an object; a key is used once.
-// NOLINTNEXTLINE(bugprone-macro-parentheses): a name that is declared takes none
+// NOLINTBEGIN(bugprone-macro-parentheses): a name that is declared takes none
 #define OVRIN_DECLARE_HANDLE(name)                                                                                     \
     struct name##__;                                                                                                   \
     using name = name##__ *
+// NOLINTEND(bugprone-macro-parentheses)
 
 using HANDLE = void *;
 using HGDIOBJ = void *;

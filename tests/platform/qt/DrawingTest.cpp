@@ -39,7 +39,7 @@ protected:
         painter_.begin(&target_);
         context_.emplace(painter_);
     }
-    ~Drawing() override {
+    void TearDown() override {
         context_.reset();
         const auto [contexts, brushes, fonts, bitmaps] = CountDrawingObjects();
         EXPECT_EQ(contexts + brushes + fonts + bitmaps, 0U) << "drawing objects left behind";

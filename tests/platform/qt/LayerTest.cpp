@@ -27,7 +27,7 @@ protected:
         windowClass.lpszClassName = WIDE("LayerTest");
         RegisterClassExW(&windowClass); // the second time it stands already
     }
-    ~Layer() override { Close(); }
+    void TearDown() override { Close(); }
 
     void Open() {
         window_ = CreateWindowExW(0, WIDE("LayerTest"), WIDE("Layer"), WS_CAPTION, 0, 0, 1220, 820, nullptr, nullptr,
