@@ -21,9 +21,7 @@ constexpr QRgb bannerColour = qRgb(109, 109, 109); // the platform's grey text
 // Of what is pasted or dropped only the first line is taken. What came in is where the text differs from before.
 class OneLine : public QValidator {
 public:
-    explicit OneLine(QLineEdit &edit) : QValidator(&edit) {
-        QObject::connect(&edit, &QLineEdit::textChanged, this, [this](const QString &text) { before_ = text; });
-    }
+    using QValidator::QValidator;
 
     State validate(QString &text, int &position) const override {
         static const QRegularExpression lineEnd(QStringLiteral("[\\r\\n]"));
@@ -35,11 +33,12 @@ public:
             text.remove(lineEnd);
             position = static_cast<int>(cut);
         }
+        before_ = text; // each change comes by here
         return Acceptable;
     }
 
 private:
-    QString before_;
+    mutable QString before_;
 };
 
 } // namespace
@@ -47,7 +46,7 @@ private:
 EditControl::EditControl(const Facts &facts, QWidget *parent) : MessageSource(facts, parent) {
     setFocusPolicy(Qt::ClickFocus); // whichever button clicks: the menu acts on the edit that has the focus
     setFrame(false);
-    setValidator(new OneLine(*this));
+    setValidator(new OneLine(this));
     setAlignment(Qt::AlignLeft | Qt::AlignTop);
     QObject::connect(this, &QLineEdit::textChanged, this, [this] {
         Notify(EN_UPDATE);

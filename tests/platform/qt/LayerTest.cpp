@@ -78,6 +78,11 @@ TEST_F(Layer, OnlyTheFirstLineOfAPasteIsTaken) {
     NameEdit()->paste();
     EXPECT_EQ(NameEdit()->text(), QStringLiteral("abonecd"));
     EXPECT_EQ(NameEdit()->cursorPosition(), 5);
+    auto *location = qobject_cast<QLineEdit *>(layer::WidgetOf(state_.locationEdit));
+    const QString suggested = location->text();
+    location->setCursorPosition(0);
+    location->paste();
+    EXPECT_EQ(location->text(), QStringLiteral("one") + suggested) << "also into the text given at creation";
 }
 
 TEST_F(Layer, ScreenReadersFindEveryControlByRoleAndName) {
