@@ -56,6 +56,7 @@ class FolderChain {
 public:
     explicit FolderChain(const std::filesystem::path &path) : text_(path.native()), ends_(EndsOfFolders(path)) {}
 
+    // Makes nothing where there is an error already.
     void MakeMissing(std::error_code &error) {
         // What lies under a folder that isn't there isn't there either, so halving finds the first one missing.
         const auto missing = std::partition_point(
@@ -122,7 +123,7 @@ void CreateDirectoryChain(const std::filesystem::path &path) {
     std::error_code error;
     // Asked first: a path that is too long as a whole then makes no folder at all.
     if (!QueryEntry(path, error) && MeansMissing(error) && !path.empty()) {
-        error.clear();
+        error = TooLongForFolder(path);
         FolderChain(path).MakeMissing(error);
     } else if (!error && !IsFolder(path)) {
         error = NotAFolder();

@@ -26,6 +26,9 @@ struct EntryStatus {
 // Meaningless on failure.
 [[nodiscard]] bool IsFolderEmpty(const std::filesystem::path &path, std::error_code &error);
 
+// The error of a path that is too long for a folder, where the system would tell it halfway down the chain only.
+[[nodiscard]] std::error_code TooLongForFolder(const std::filesystem::path &path);
+
 // One folder, in an existing one.
 void MakeFolder(const std::filesystem::path &path, std::error_code &error);
 

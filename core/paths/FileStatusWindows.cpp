@@ -101,6 +101,16 @@ bool IsFolderEmpty(const std::filesystem::path &path, std::error_code &error) {
     return !found;
 }
 
+std::error_code TooLongForFolder(const std::filesystem::path &path) {
+    constexpr std::size_t longestFolder = MAX_PATH - 13; // a folder must have room for a short file name
+    constexpr std::wstring_view unlimited = LR"(\\?\)";
+    std::error_code error;
+    if (path.native().size() > longestFolder && !path.native().starts_with(unlimited)) {
+        Assign(error, ERROR_FILENAME_EXCED_RANGE);
+    }
+    return error;
+}
+
 void MakeFolder(const std::filesystem::path &path, std::error_code &error) {
     if (CreateDirectoryW(path.c_str(), nullptr) == 0) {
         Assign(error, GetLastError());

@@ -100,7 +100,10 @@ TEST(FileStatus, ReportsTheSystemsOwnCodes) {
     };
     EXPECT_EQ(codeOf(folder.Make("file")), 267);
     EXPECT_EQ(codeOf(folder.Path() / "a<b"), 123);
-    EXPECT_EQ(codeOf(LR"(Q:\missing\drive)"), 3);
+    const int noDrive = codeOf(LR"(Q:\missing\drive)");
+    EXPECT_TRUE(noDrive == 3 || noDrive == 2) << noDrive << "; Wine tells 2";
+    EXPECT_EQ(codeOf(folder.Path() / std::wstring(200, L'a') / std::wstring(100, L'b')), 206);
+    EXPECT_FALSE(PathExists(folder.Path() / std::wstring(200, L'a'))) << "a chain too long as a whole is not begun";
     EXPECT_EQ(codeOf(folder.Path() / std::wstring(L"\xD834<")), 123) << "a name that isn't text";
 }
 
