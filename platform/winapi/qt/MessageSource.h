@@ -15,8 +15,8 @@
 
 namespace ovrin::layer {
 
-// `Base` is the toolkit's class. While a message is under way `event()` gives the toolkit's event behind it, for a
-// class procedure that leaves the work to the toolkit.
+// `Base` is the toolkit's class. While a message is under way `currentEvent()` gives the toolkit's event behind it, for
+// a class procedure that leaves the work to the toolkit.
 template<typename Base>
 class MessageSource : public Base, public WindowHost {
 public:
