@@ -69,16 +69,14 @@ public:
 private:
     [[nodiscard]] std::filesystem::path FolderAt(std::size_t end) const { return text_.substr(0, end); }
 
+    // A folder that can't be asked about counts as there: what lies in it may be open all the same.
     static bool IsMissing(const std::filesystem::path &folder, std::error_code &error) {
         std::error_code query;
         const auto status = QueryEntry(folder, query);
-        if (!status && MeansMissing(query)) {
-            return true;
+        if (status && !status->isFolder) {
+            error = NotAFolder();
         }
-        if (!status || !status->isFolder) {
-            error = status ? NotAFolder() : query;
-        }
-        return false;
+        return !status && MeansMissing(query);
     }
 
     // Another program may have been quicker, and a trailing dot names the folder just made.

@@ -29,11 +29,9 @@ enum class KeyPlace { Main, Keypad };
 void PressKey(HWND window, WPARAM key, KeyPlace place = KeyPlace::Main, int presses = 1);
 void TypeText(HWND window, WideTextView text);
 
+// Another program becomes active; the way back makes this one active.
 void DeactivateApplication(HWND window);
 void ActivateApplication(HWND window);
-// Another program becomes active; the way back makes this one active.
-void Minimise(HWND window);
-void Restore(HWND window);
 
 // Calls `action` once from the program's message loop, the next time that it runs.
 void CallFromLoop(std::function<void()> action);

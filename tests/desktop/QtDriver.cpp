@@ -213,17 +213,6 @@ void ActivateApplication(HWND window) {
     Settle();
 }
 
-void Minimise(HWND window) {
-    ShowWindow(window, SW_MINIMIZE);
-    DeactivateApplication(window);
-}
-
-void Restore(HWND window) {
-    ActivateApplication(window);
-    ShowWindow(window, SW_RESTORE);
-    Settle();
-}
-
 bool IsWine() {
     return false;
 }

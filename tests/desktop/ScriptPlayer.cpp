@@ -14,6 +14,18 @@ namespace ovrin::desktop {
 
 namespace {
 
+// What a window manager makes of it is done here at once, whether one is there or not.
+void Minimise(HWND window) {
+    ShowWindow(window, SW_MINIMIZE);
+    DeactivateApplication(window);
+}
+
+void Restore(HWND window) {
+    ActivateApplication(window);
+    ShowWindow(window, SW_RESTORE);
+    Settle();
+}
+
 constexpr POINT nowhere{10, 10}; // in the window, over no control
 
 const std::map<std::string, WPARAM> keys = {{"Enter", VK_RETURN}, {"Escape", VK_ESCAPE}, {"Space", VK_SPACE},

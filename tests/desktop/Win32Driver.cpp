@@ -227,18 +227,6 @@ void ActivateApplication(HWND window) {
     Settle();
 }
 
-// What a window manager makes of it is done here at once, whether one is there or not.
-void Minimise(HWND window) {
-    ShowWindow(window, SW_MINIMIZE);
-    DeactivateApplication(window);
-}
-
-void Restore(HWND window) {
-    ActivateApplication(window);
-    ShowWindow(window, SW_RESTORE);
-    Settle();
-}
-
 bool IsWine() {
     return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
 }

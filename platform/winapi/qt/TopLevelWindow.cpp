@@ -133,39 +133,21 @@ void TopLevelWindow::changeEvent(QEvent *event) {
 
 } // namespace ovrin::layer
 
-using ovrin::layer::HostOf;
-using ovrin::layer::TopLevelWindow;
-
 ATOM RegisterClassExW(const WNDCLASSEXW *windowClass) {
     if (windowClass->cbSize != sizeof(WNDCLASSEXW) || windowClass->lpszClassName == nullptr ||
         windowClass->lpfnWndProc == nullptr || ovrin::layer::FindWindowClass(windowClass->lpszClassName) != nullptr) {
         return 0;
     }
     auto &classes = ovrin::layer::Classes();
-    classes.push_back(
-        {windowClass->lpszClassName, windowClass->lpfnWndProc, windowClass->hIcon, windowClass->hbrBackground});
+    classes.push_back({windowClass->lpszClassName, windowClass->lpfnWndProc, windowClass->hIcon});
     return static_cast<ATOM>(classes.size());
 }
 
-// WM_ERASEBKGND is never sent: nothing is erased before a paint.
+// The defaults that the launcher's procedure leaves to the platform: the title, and nothing. WM_ERASEBKGND is never
+// sent, since nothing is erased before a paint.
 LRESULT DefWindowProcW(HWND window, UINT message, WPARAM /*wParam*/, LPARAM lParam) {
-    auto *host = HostOf(window);
-    if (host == nullptr) {
+    if (message != WM_NCCREATE) {
         return 0;
     }
-    switch (message) {
-    case WM_NCCREATE: {
-        const auto *creation = reinterpret_cast<const CREATESTRUCTW *>(lParam);
-        return SetWindowTextW(window, creation->lpszName);
-    }
-    case WM_CLOSE: return DestroyWindow(window);
-    case WM_PAINT: {
-        PAINTSTRUCT paint{};
-        const RECT everything{0, 0, host->Widget().width(), host->Widget().height()};
-        FillRect(BeginPaint(window, &paint), &everything,
-                 dynamic_cast<TopLevelWindow &>(*host).windowClass().background);
-        return EndPaint(window, &paint) - TRUE;
-    }
-    default: return 0;
-    }
+    return SetWindowTextW(window, reinterpret_cast<const CREATESTRUCTW *>(lParam)->lpszName);
 }

@@ -13,7 +13,6 @@ struct WindowClass {
     std::u16string name;
     WNDPROC procedure;
     HICON icon;
-    HBRUSH background;
 };
 
 // Null for a class that nobody has registered.
@@ -26,7 +25,6 @@ public:
     [[nodiscard]] QString Text() const override { return windowTitle(); }
     void SetText(const QString &text) override { setWindowTitle(text); }
 
-    [[nodiscard]] const WindowClass &windowClass() const { return class_; }
     // Zero while minimised.
     [[nodiscard]] QSize ClientSize() const;
 
