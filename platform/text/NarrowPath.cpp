@@ -1,6 +1,9 @@
 #include "platform/text/NarrowPath.h"
 
 #include "platform/text/TextConversion.h"
+#ifdef _WIN32
+#include "platform/winapi/WinApi.h"
+#endif
 
 #include <system_error>
 
@@ -51,6 +54,22 @@ WideText WideFromPathLenient(const std::filesystem::path &path) {
     return path.native();
 }
 
+std::string NarrowFromWideLenient(WideTextView text) {
+    // The encoding of the program's file functions, which a program may switch.
+    const UINT codePage = AreFileApisANSI() != 0 ? CP_ACP : CP_OEMCP;
+    const auto convert = [codePage, text](char *buffer, int size) {
+        return WideCharToMultiByte(codePage, WC_NO_BEST_FIT_CHARS, text.data(), static_cast<int>(text.size()), buffer,
+                                   size, nullptr, nullptr);
+    };
+    std::string narrow(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
+    convert(narrow.data(), static_cast<int>(narrow.size()));
+    return narrow;
+}
+
+std::string NarrowFromPathLenient(const std::filesystem::path &path) {
+    return NarrowFromWideLenient(path.native());
+}
+
 #else
 
 WideText WideFromPath(const std::filesystem::path &path) {
@@ -63,6 +82,14 @@ WideText WideFromPath(const std::filesystem::path &path) {
 
 WideText WideFromPathLenient(const std::filesystem::path &path) {
     return Utf8ToWideLenient(path.native());
+}
+
+std::string NarrowFromWideLenient(WideTextView text) {
+    return WideToUtf8(text);
+}
+
+std::string NarrowFromPathLenient(const std::filesystem::path &path) {
+    return path.native();
 }
 
 #endif

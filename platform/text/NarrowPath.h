@@ -4,6 +4,7 @@
 #include "platform/text/WideText.h"
 
 #include <filesystem>
+#include <string>
 
 namespace ovrin {
 
@@ -16,5 +17,9 @@ namespace ovrin {
 
 // For showing only: what isn't text becomes U+FFFD, so the result may name no file.
 [[nodiscard]] WideText WideFromPathLenient(const std::filesystem::path &path);
+
+// Text and paths in the narrow file-name encoding, for showing only: what it can't hold is replaced by its own mark.
+[[nodiscard]] std::string NarrowFromWideLenient(WideTextView text);
+[[nodiscard]] std::string NarrowFromPathLenient(const std::filesystem::path &path);
 
 } // namespace ovrin

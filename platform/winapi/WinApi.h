@@ -26,7 +26,8 @@ using std::min;
 } // namespace Gdiplus
 #include <gdiplus.h>
 
-// Constants that are younger than MinGW's headers.
+// What is younger than MinGW's headers.
+extern "C" HRESULT WINAPI SetThreadDescription(HANDLE thread, PCWSTR description);
 #ifndef DWMWA_USE_IMMERSIVE_DARK_MODE
 #define DWMWA_USE_IMMERSIVE_DARK_MODE 20
 #endif

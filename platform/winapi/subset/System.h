@@ -1,4 +1,4 @@
-// Process, environment and text conversion: what needs no toolkit.
+// Process, threads, environment and text conversion: what needs no toolkit.
 #pragma once
 
 #include "platform/winapi/subset/Types.h"
@@ -54,3 +54,12 @@ BOOL CreateProcessW(LPCWSTR applicationName, LPWSTR commandLine, SECURITY_ATTRIB
                     SECURITY_ATTRIBUTES *threadAttributes, BOOL inheritHandles, DWORD creationFlags, void *environment,
                     LPCWSTR currentDirectory, STARTUPINFOW *startupInfo, PROCESS_INFORMATION *processInformation);
 BOOL CloseHandle(HANDLE handle);
+
+// Stands for the calling thread, here only as an argument of SetThreadDescription.
+HANDLE GetCurrentThread();
+// The system's own id of the calling thread.
+DWORD GetCurrentThreadId();
+// Cut to the 15 bytes that the system keeps, at a character.
+HRESULT SetThreadDescription(HANDLE thread, LPCWSTR description);
+// Always FALSE: there is no such reserve.
+BOOL SetThreadStackGuarantee(ULONG *size);

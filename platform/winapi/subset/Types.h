@@ -13,6 +13,7 @@ using WORD = std::uint16_t;
 using SHORT = std::int16_t;
 using DWORD = std::uint32_t;
 using LONG = std::int32_t;
+using ULONG = std::uint32_t;
 using HRESULT = std::int32_t;
 using ATOM = WORD;
 using COLORREF = DWORD;
