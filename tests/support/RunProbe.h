@@ -16,14 +16,21 @@
 
 namespace ovrin::testing {
 
-inline void AwaitEnd(const PROCESS_INFORMATION &process) {
+// Gives the exit code, or -1 for a process that a signal ended.
+inline int AwaitEnd(const PROCESS_INFORMATION &process) {
 #ifdef _WIN32
+    DWORD code = 0;
     WaitForSingleObject(process.hProcess, INFINITE);
+    GetExitCodeProcess(process.hProcess, &code);
+    const int result = static_cast<int>(code);
 #else
-    waitpid(static_cast<pid_t>(process.dwProcessId), nullptr, 0);
+    int status = 0;
+    waitpid(static_cast<pid_t>(process.dwProcessId), &status, 0);
+    const int result = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 #endif
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
+    return result;
 }
 
 inline bool StartProgram(const std::filesystem::path &program, const std::filesystem::path &folder,

@@ -1,0 +1,93 @@
+#include "core/logging/LogOutputs.h"
+
+#include "core/logging/LogThread.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace ovrin {
+
+namespace {
+
+// A full queue of common lines stays below it; what a flood of long ones took is given back.
+constexpr std::size_t keptBatchCapacity = std::size_t{8} << 20U;
+
+// A sink is foreign code: whatever it raises is its own affair.
+template<typename Call>
+void CallSink(const Call &call) {
+    try {
+        call();
+    } catch (...) { // NOLINT(bugprone-empty-catch): the other outputs are served as usual
+    }
+}
+
+} // namespace
+
+std::uint64_t LogOutputs::AddSink(std::shared_ptr<LogSink> sink) {
+    sinks_.push_back({nextSinkId_, std::move(sink)});
+    return nextSinkId_++;
+}
+
+std::shared_ptr<LogSink> LogOutputs::RemoveSink(std::uint64_t id) {
+    const auto entry =
+        std::find_if(sinks_.begin(), sinks_.end(), [id](const SinkEntry &each) { return each.id == id; });
+    if (entry == sinks_.end()) {
+        return nullptr;
+    }
+    std::shared_ptr<LogSink> sink = std::move(entry->sink);
+    sinks_.erase(entry);
+    return sink;
+}
+
+std::vector<std::shared_ptr<LogSink>> LogOutputs::RemoveAllSinks() {
+    std::vector<std::shared_ptr<LogSink>> removed;
+    for (SinkEntry &entry : sinks_) {
+        removed.push_back(std::move(entry.sink));
+    }
+    sinks_.clear();
+    return removed;
+}
+
+void LogOutputs::WriteRecords(std::span<const LogRecord> records) {
+    const SinkCallScope inSinkCall;
+    batch_.clear();
+    for (const LogRecord &record : records) {
+        const std::size_t begin = batch_.size();
+        AppendRecordLine(batch_, record);
+        WriteToSinks(record, std::string_view(batch_).substr(begin));
+        batch_.push_back('\n');
+    }
+    WriteBatch();
+}
+
+void LogOutputs::WriteToSinks(const LogRecord &record, std::string_view line) {
+    for (const SinkEntry &entry : sinks_) {
+        CallSink([&] { entry.sink->Write(record, line); });
+    }
+}
+
+void LogOutputs::WriteBatch() {
+    if (batch_.empty()) {
+        return;
+    }
+    if (console_) {
+        static_cast<void>(std::fwrite(batch_.data(), 1, batch_.size(), stdout));
+    }
+    files_.Write(batch_);
+    if (batch_.capacity() > keptBatchCapacity) {
+        batch_ = {};
+    }
+}
+
+void LogOutputs::Flush() {
+    if (console_) {
+        static_cast<void>(std::fflush(stdout));
+    }
+    files_.Flush();
+    const SinkCallScope inSinkCall;
+    for (const SinkEntry &entry : sinks_) {
+        CallSink([&] { entry.sink->Flush(); });
+    }
+}
+
+} // namespace ovrin

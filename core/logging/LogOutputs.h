@@ -1,0 +1,49 @@
+// Where records go: the standard output, the session files and the sinks, always in one order. No lock of its own.
+#pragma once
+
+#include "core/logging/LogRecord.h"
+#include "core/logging/SessionFiles.h"
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace ovrin {
+
+class LogOutputs {
+public:
+    explicit LogOutputs(bool console) : console_(console) {}
+
+    [[nodiscard]] SessionFiles &Files() { return files_; }
+    [[nodiscard]] const SessionFiles &Files() const { return files_; }
+
+    // The sink's id, from 1.
+    std::uint64_t AddSink(std::shared_ptr<LogSink> sink);
+    // Gives the sink, or nothing for an unknown id: it has to be dropped where no lock is held, since its destructor is
+    // the owner's code.
+    [[nodiscard]] std::shared_ptr<LogSink> RemoveSink(std::uint64_t id);
+    [[nodiscard]] std::vector<std::shared_ptr<LogSink>> RemoveAllSinks();
+
+    // Each sink gets each record at once; then the whole batch goes to each of the others in one write.
+    void WriteRecords(std::span<const LogRecord> records);
+    void Flush();
+
+private:
+    struct SinkEntry {
+        std::uint64_t id;
+        std::shared_ptr<LogSink> sink;
+    };
+
+    void WriteToSinks(const LogRecord &record, std::string_view line);
+    void WriteBatch();
+
+    bool console_;
+    SessionFiles files_;
+    std::vector<SinkEntry> sinks_;
+    std::uint64_t nextSinkId_ = 1;
+    std::string batch_; // the lines being written; keeps its storage
+};
+
+} // namespace ovrin

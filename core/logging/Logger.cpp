@@ -1,0 +1,223 @@
+#include "core/logging/Logger.h"
+
+#include "core/logging/LogClock.h"
+#include "core/logging/LogThread.h"
+#include "core/logging/TimedLock.h"
+#include "core/paths/EnginePaths.h"
+#include "core/paths/PathForm.h"
+#include "platform/text/NarrowPath.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <optional>
+#include <utility>
+
+namespace ovrin {
+
+Logger &Logger::Instance() {
+    // Its storage is never given back: static objects log until the very end.
+    static Logger *const logger = [] {
+        auto *const made = new Logger(LoggerConfig{}); // NOLINT(cppcoreguidelines-owning-memory): see above
+        static_cast<void>(std::atexit([] { Instance().EndAtProcessExit(); }));
+        return made;
+    }();
+    return *logger;
+}
+
+Logger::Logger(const LoggerConfig &config)
+    : queueCapacity_(std::max<std::uint64_t>(config.queueCapacity, 1)),
+      history_(std::max<std::uint64_t>(config.historyCapacity, 1)), outputs_(config.console) {
+    if (config.startWorkerOnCreate) {
+        StartWorker();
+    }
+}
+
+Logger::~Logger() {
+    Shutdown();
+}
+
+void Logger::EndAtProcessExit() noexcept {
+    // A sink that ends the process holds the outputs for good.
+    if (IsInSinkCall()) {
+        return;
+    }
+    Shutdown();
+    std::vector<std::shared_ptr<LogSink>> dropped;
+    const std::lock_guard lock(outputMutex_);
+    dropped = outputs_.RemoveAllSinks();
+}
+
+void Logger::Accept(LogCategory category, LogLevel level, std::string_view message) noexcept {
+    try {
+        const std::uint32_t thread = CurrentThreadLogId();
+        std::unique_ptr<RecordPair> pair = spares_.Take(thread);
+        LogRecord &record = pair->written;
+        record.level = level;
+        record.category = category;
+        record.threadId = thread;
+        AssignClockTime(record.timestamp);
+        record.message.assign(message);
+        pair->kept = record;
+        Dispatch(*pair);
+        DropLargeText(pair->kept.message);
+        DropLargeText(pair->written.message);
+        spares_.Give(thread, std::move(pair));
+    } catch (...) { // NOLINT(bugprone-empty-catch): no memory; a log call has nobody to tell
+    }
+}
+
+void Logger::Dispatch(RecordPair &pair) {
+    const bool isFatal = pair.written.level == LogLevel::Fatal;
+    QueueLock lock(queueMutex_);
+    WaitForRoom(lock);
+    const bool isQueued = workerRunning_;
+    if (isQueued) {
+        pending_.MakeRoom();
+    }
+    history_.MakeRoom();
+    pair.kept.sequence = pair.written.sequence = nextSequence_++;
+    history_.Push(pair.kept);
+    if (!isQueued) {
+        lock.unlock();
+        return WriteDirectly(pair.written);
+    }
+    lastQueuedSequence_ = pair.written.sequence;
+    pending_.Push(pair.written);
+    const bool wakeWorker = std::exchange(workerWaits_, false);
+    lock.unlock();
+    if (wakeWorker) {
+        workAvailable_.notify_one();
+    }
+    if (isFatal) {
+        Flush();
+    }
+}
+
+void Logger::WaitForRoom(QueueLock &lock) {
+    const auto canGoOn = [this] { return !workerRunning_ || (pending_.Size() < queueCapacity_ && !finalDrain_); };
+    // Neither may wait for what its own thread has to do.
+    if (canGoOn() || IsInSinkCall() || IsOnWorkerThread()) {
+        return;
+    }
+    ++producersWaiting_;
+    spaceAvailable_.wait(lock, canGoOn);
+    --producersWaiting_;
+}
+
+void Logger::WriteDirectly(const LogRecord &record) {
+    // The sink's own thread holds the outputs: its record stays in the history.
+    if (IsInSinkCall()) {
+        return;
+    }
+    const std::lock_guard lock(outputMutex_);
+    outputs_.WriteRecords({&record, 1});
+    outputs_.Flush();
+}
+
+std::uint64_t Logger::AddSink(std::shared_ptr<LogSink> sink) {
+    if (sink == nullptr) {
+        return 0;
+    }
+    const std::lock_guard lock(outputMutex_);
+    return outputs_.AddSink(std::move(sink));
+}
+
+void Logger::RemoveSink(std::uint64_t id) {
+    std::shared_ptr<LogSink> removed; // dropped after the lock
+    const std::lock_guard lock(outputMutex_);
+    removed = outputs_.RemoveSink(id);
+}
+
+std::vector<LogRecord> Logger::GetRecords() const {
+    std::vector<LogRecord> records;
+    GetRecordsAfter(0, records);
+    return records;
+}
+
+std::uint64_t Logger::GetRecordsAfter(std::uint64_t sequence, std::vector<LogRecord> &records) const {
+    const QueueLock lock(queueMutex_);
+    history_.CopyAfter(sequence, records);
+    return nextSequence_ - 1;
+}
+
+std::vector<std::string> Logger::GetRecentLines(std::uint64_t maxCount, std::int64_t timeoutMs) const noexcept {
+    std::vector<std::string> lines;
+    try {
+        const Deadline deadline = DeadlineAfter(timeoutMs);
+        QueueLock lock(queueMutex_, std::defer_lock);
+        if (!LockUntil(lock, deadline)) {
+            return lines;
+        }
+        const std::size_t count = std::min<std::uint64_t>(maxCount, history_.Size());
+        for (std::size_t index = history_.Size() - count; index < history_.Size(); ++index) {
+            lines.push_back(FormatRecordLine(history_[index]));
+        }
+    } catch (...) { // NOLINT(bugprone-empty-catch): what was collected so far is better than nothing
+    }
+    return lines;
+}
+
+void Logger::ClearHistory() {
+    std::vector<LogRecord> cleared; // destroyed after the lock
+    const QueueLock lock(queueMutex_);
+    cleared = history_.Clear();
+}
+
+void Logger::Start(const std::string &prefix) {
+    std::filesystem::path directory;
+    try {
+        directory = PathForm::Join(EnginePaths::GetUserSettingsDirectory(), "Logs");
+    } catch (...) { // NOLINT(bugprone-empty-catch): without a directory there are no files
+    }
+    Start(prefix, directory);
+}
+
+void Logger::Start(const std::string &prefix, const std::filesystem::path &logDirectory) {
+    {
+        const std::lock_guard lock(outputMutex_);
+        SessionFiles &files = outputs_.Files();
+        if (!files.IsOpen() && !logDirectory.empty()) {
+            files.Open(prefix.empty() ? "OvrinEngine" : prefix, logDirectory);
+        }
+    }
+    ApplyEnvironment();
+    StartWorker();
+}
+
+void Logger::ApplyEnvironment() {
+    const std::optional<WideText> value = EnginePaths::GetEnvironmentValue("OVRIN_LOG_LEVELS");
+    if (!value) {
+        return;
+    }
+    const std::string text = NarrowFromWideLenient(*value);
+    if (!ApplyLevelConfiguration(text)) {
+        Log(LogCategory::Core, LogLevel::Warning, "OVRIN_LOG_LEVELS contains an invalid entry: '" + text + "'.");
+    }
+}
+
+std::filesystem::path Logger::GetSessionLogPath() const {
+    const std::lock_guard lock(outputMutex_);
+    return outputs_.Files().SessionPath();
+}
+
+void LogInfo(const std::string &message) {
+    Logger::Instance().Log(LogLevel::Info, message);
+}
+
+void LogWarn(const std::string &message) {
+    Logger::Instance().Log(LogLevel::Warning, message);
+}
+
+void LogError(const std::string &message) {
+    Logger::Instance().Log(LogLevel::Error, message);
+}
+
+void FlushLog() {
+    Logger::Instance().Flush();
+}
+
+void ShutdownLog() {
+    Logger::Instance().Shutdown();
+}
+
+} // namespace ovrin
