@@ -1,7 +1,10 @@
-// A program that ends in the way that its first argument names, with its log files in the folder that the second does.
+// A program that does what its first argument names: most ways end it with a worker running and the log files in the
+// folder that the second argument names.
 #include "core/logging/Logger.h"
 
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <string_view>
 
 namespace {
@@ -40,6 +43,29 @@ void LogSome() {
     }
 }
 
+// Another process that uses a log file while the logger has it open.
+int AppendNote(const char *path) {
+    const bool canRead = std::ifstream(path).peek() == '=';
+    std::ofstream file(path, std::ios::binary | std::ios::app);
+    return canRead && file << "a note\n" && file.flush() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+int LogOnFullDisk(const std::filesystem::path &disk) {
+    ovrin::Logger &logger = ovrin::Logger::Instance();
+    const std::filesystem::path filler = disk / "filler";
+    logger.Start("probe", disk);
+    ovrin::LogInfo("before");
+    logger.Flush();
+    std::ofstream(filler) << std::string(1U << 20U, 'x');
+    const bool isFull = !(std::ofstream(disk / "more") << std::string(1U << 16U, 'x')).flush();
+    ovrin::LogInfo(std::string(1U << 16U, '\n') + "full");
+    logger.Flush();
+    std::filesystem::remove(filler);
+    std::filesystem::remove(disk / "more");
+    ovrin::LogInfo("after");
+    return isFull ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
 } // namespace
 
 int main(int count, char **arguments) {
@@ -47,6 +73,12 @@ int main(int count, char **arguments) {
         return EXIT_FAILURE;
     }
     const std::string_view way = arguments[1];
+    if (way == "append") {
+        return AppendNote(arguments[2]);
+    }
+    if (way == "full disk") {
+        return LogOnFullDisk(arguments[2]);
+    }
     if (way == "static objects") {
         static const LogsAtExit goesLast("after the logger's end");
         ovrin::LogInfo("first use");

@@ -2,8 +2,7 @@
 
 #include "core/logging/LogClock.h"
 #include "platform/text/NarrowPath.h"
-#include "tests/support/EnvironmentScope.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/RunProbe.h"
 
 #include <fstream>
 #include <iterator>
@@ -77,14 +76,17 @@ TEST(SessionFiles, AreContinuedAndBegunAnewWithinTheSameSecond) {
     EXPECT_EQ(ReadFile(session.Latest("OvrinEngine")), banner);
 }
 
-TEST(SessionFiles, MayBeReadAndWrittenByOthersMeanwhile) {
+TEST(SessionFiles, MayBeReadAndWrittenByAnotherProcessMeanwhile) {
     Session session;
     session.logger.Start("shared", session.folder.Path());
     session.logger.Log(LogLevel::Info, "first");
     session.logger.Flush();
     const std::string before = ReadFile(session.logger.GetSessionLogPath());
     EXPECT_EQ(before, session.Banner("shared", "shared") + LastLine(session.logger));
-    std::ofstream(session.logger.GetSessionLogPath(), std::ios::binary | std::ios::app) << "a note\n";
+    PROCESS_INFORMATION other{};
+    ASSERT_TRUE(StartProgram(OVRIN_LOGGING_PROBE, session.folder.Path(),
+                             {WIDE("append"), WideFromPath(session.logger.GetSessionLogPath())}, other));
+    ASSERT_EQ(AwaitEnd(other), 0);
     session.logger.Log(LogLevel::Info, "second");
     session.logger.Flush();
     EXPECT_EQ(ReadFile(session.logger.GetSessionLogPath()), before + "a note\n" + LastLine(session.logger));
