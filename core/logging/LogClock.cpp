@@ -2,43 +2,44 @@
 
 #include "core/logging/LogPlatform.h"
 
-#include <array>
-#include <cstdio>
-#include <string_view>
+#include <algorithm>
+#include <ctime>
 
 namespace ovrin {
 
 namespace {
 
-constexpr std::size_t clockTimeLength = 8;
-
 // The thread's last conversion, since most records share their second with the one before. No destructor: a static
 // object's may log after the thread's own objects have gone.
 struct ConvertedSecond {
     std::time_t second;
-    std::array<char, clockTimeLength + 1> text;
+    ClockText text;
 };
 thread_local ConvertedSecond lastConverted{-1, {}};
 
-std::string_view ClockTime() {
-    ConvertedSecond &converted = lastConverted;
-    const std::time_t now = std::time(nullptr);
-    if (converted.second != now) {
-        const std::tm local = LocalTime(now);
-        std::strftime(converted.text.data(), converted.text.size(), "%H:%M:%S", &local);
-        converted.second = now;
-    }
-    return {converted.text.data(), clockTimeLength};
+ClockText ConvertToText(std::time_t time) {
+    const std::tm local = LocalTime(time);
+    std::array<char, std::tuple_size_v<ClockText> + 1> terminated{};
+    std::strftime(terminated.data(), terminated.size(), "%H:%M:%S", &local);
+    ClockText text{};
+    std::copy_n(terminated.begin(), text.size(), text.begin());
+    return text;
 }
 
 } // namespace
 
-std::string FormatClockTime() {
-    return std::string(ClockTime());
+ClockText ClockTime() {
+    ConvertedSecond &converted = lastConverted;
+    const std::time_t now = std::time(nullptr);
+    if (converted.second != now) {
+        converted = {now, ConvertToText(now)};
+    }
+    return converted.text;
 }
 
-void AssignClockTime(std::string &text) {
-    text.assign(ClockTime());
+std::string FormatClockTime() {
+    const ClockText text = ClockTime();
+    return {text.data(), text.size()};
 }
 
 std::string FormatFileTimestamp() {

@@ -48,21 +48,35 @@ std::vector<std::shared_ptr<LogSink>> LogOutputs::RemoveAllSinks() {
     return removed;
 }
 
-void LogOutputs::WriteRecords(std::span<const LogRecord> records) {
+void LogOutputs::WriteRecords(const PackedRecords &records) {
     const SinkCallScope inSinkCall;
     batch_.clear();
-    for (const LogRecord &record : records) {
-        const std::size_t begin = batch_.size();
-        AppendRecordLine(batch_, record);
-        WriteToSinks(record, std::string_view(batch_).substr(begin));
-        batch_.push_back('\n');
+    for (std::size_t index = 0; index < records.Size(); ++index) {
+        AddToBatch(records[index]);
     }
     WriteBatch();
 }
 
-void LogOutputs::WriteToSinks(const LogRecord &record, std::string_view line) {
+void LogOutputs::WriteRecord(const LogRecordView &record) {
+    const SinkCallScope inSinkCall;
+    batch_.clear();
+    AddToBatch(record);
+    WriteBatch();
+}
+
+void LogOutputs::AddToBatch(const LogRecordView &record) {
+    const std::size_t begin = batch_.size();
+    AppendRecordLine(batch_, record);
+    if (!sinks_.empty()) {
+        WriteToSinks(record, std::string_view(batch_).substr(begin));
+    }
+    batch_.push_back('\n');
+}
+
+void LogOutputs::WriteToSinks(const LogRecordView &record, std::string_view line) {
+    AssignRecord(sinkRecord_, record);
     for (const SinkEntry &entry : sinks_) {
-        CallSink([&] { entry.sink->Write(record, line); });
+        CallSink([&] { entry.sink->Write(sinkRecord_, line); });
     }
 }
 

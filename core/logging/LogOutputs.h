@@ -2,11 +2,11 @@
 #pragma once
 
 #include "core/logging/LogRecord.h"
+#include "core/logging/PackedRecords.h"
 #include "core/logging/SessionFiles.h"
 
 #include <cstdint>
 #include <memory>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -27,7 +27,8 @@ public:
     [[nodiscard]] std::vector<std::shared_ptr<LogSink>> RemoveAllSinks();
 
     // Each sink gets each record at once; then the whole batch goes to each of the others in one write.
-    void WriteRecords(std::span<const LogRecord> records);
+    void WriteRecords(const PackedRecords &records);
+    void WriteRecord(const LogRecordView &record);
     void Flush();
 
 private:
@@ -36,14 +37,17 @@ private:
         std::shared_ptr<LogSink> sink;
     };
 
-    void WriteToSinks(const LogRecord &record, std::string_view line);
+    void AddToBatch(const LogRecordView &record);
+    void WriteToSinks(const LogRecordView &record, std::string_view line);
     void WriteBatch();
 
     bool console_;
     SessionFiles files_;
     std::vector<SinkEntry> sinks_;
     std::uint64_t nextSinkId_ = 1;
-    std::string batch_; // the lines being written; keeps its storage
+    // Keep their storage.
+    std::string batch_;    // the lines being written
+    LogRecord sinkRecord_; // what the sinks are shown
 };
 
 } // namespace ovrin

@@ -1,6 +1,7 @@
 // One log event, the line that it makes, and the interface of those who receive both.
 #pragma once
 
+#include "core/logging/LogClock.h"
 #include "core/logging/LogLevels.h"
 
 #include <cstdint>
@@ -22,8 +23,21 @@ struct LogRecord {
 // it as it is, line feeds included. No line feed at the end.
 [[nodiscard]] std::string FormatRecordLine(const LogRecord &record);
 
-// The same line behind what `text` already holds.
-void AppendRecordLine(std::string &text, const LogRecord &record);
+// A record whose message lies elsewhere.
+struct LogRecordView {
+    LogLevel level{};
+    LogCategory category{};
+    std::uint64_t sequence{};
+    std::uint32_t threadId{};
+    ClockText timestamp{};
+    std::string_view message;
+};
+
+// FormatRecordLine's line behind what `text` already holds.
+void AppendRecordLine(std::string &text, const LogRecordView &record);
+
+// Into a record that keeps the storage of its texts.
+void AssignRecord(LogRecord &record, const LogRecordView &view);
 
 // Called one at a time, on the worker's thread or, while no worker runs, on the thread that logs. What it raises is
 // discarded. It may log (that never waits for room, and without a worker only reaches the history) and query the

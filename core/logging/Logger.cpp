@@ -49,46 +49,38 @@ void Logger::EndAtProcessExit() noexcept {
 
 void Logger::Accept(LogCategory category, LogLevel level, std::string_view message) noexcept {
     try {
-        const std::uint32_t thread = CurrentThreadLogId();
-        std::unique_ptr<RecordPair> pair = spares_.Take(thread);
-        LogRecord &record = pair->written;
-        record.level = level;
-        record.category = category;
-        record.threadId = thread;
-        AssignClockTime(record.timestamp);
-        record.message.assign(message);
-        pair->kept = record;
-        Dispatch(*pair);
-        DropLargeText(pair->kept.message);
-        DropLargeText(pair->written.message);
-        spares_.Give(thread, std::move(pair));
+        Dispatch({.level = level,
+                  .category = category,
+                  .threadId = CurrentThreadLogId(),
+                  .timestamp = ClockTime(),
+                  .message = message});
     } catch (...) { // NOLINT(bugprone-empty-catch): no memory; a log call has nobody to tell
     }
 }
 
-void Logger::Dispatch(RecordPair &pair) {
-    const bool isFatal = pair.written.level == LogLevel::Fatal;
-    QueueLock lock(queueMutex_);
+void Logger::Dispatch(LogRecordView record) {
+    QueueLock lock(queueMutex_, std::defer_lock);
+    LockSoon(lock);
     WaitForRoom(lock);
     const bool isQueued = workerRunning_;
     if (isQueued) {
-        pending_.MakeRoom();
+        pending_.MakeRoom(record.message.size());
     }
-    history_.MakeRoom();
-    pair.kept.sequence = pair.written.sequence = nextSequence_++;
-    history_.Push(pair.kept);
+    history_.MakeRoom(record.message.size());
+    record.sequence = nextSequence_++;
+    history_.Append(record);
     if (!isQueued) {
         lock.unlock();
-        return WriteDirectly(pair.written);
+        return WriteDirectly(record);
     }
-    lastQueuedSequence_ = pair.written.sequence;
-    pending_.Push(pair.written);
+    lastQueuedSequence_ = record.sequence;
+    pending_.Append(record);
     const bool wakeWorker = std::exchange(workerWaits_, false);
     lock.unlock();
     if (wakeWorker) {
         workAvailable_.notify_one();
     }
-    if (isFatal) {
+    if (record.level == LogLevel::Fatal) {
         Flush();
     }
 }
@@ -104,13 +96,13 @@ void Logger::WaitForRoom(QueueLock &lock) {
     --producersWaiting_;
 }
 
-void Logger::WriteDirectly(const LogRecord &record) {
+void Logger::WriteDirectly(const LogRecordView &record) {
     // The sink's own thread holds the outputs: its record stays in the history.
     if (IsInSinkCall()) {
         return;
     }
     const std::lock_guard lock(outputMutex_);
-    outputs_.WriteRecords({&record, 1});
+    outputs_.WriteRecord(record);
     outputs_.Flush();
 }
 
@@ -150,7 +142,8 @@ std::vector<std::string> Logger::GetRecentLines(std::uint64_t maxCount, std::int
         }
         const std::size_t count = std::min<std::uint64_t>(maxCount, history_.Size());
         for (std::size_t index = history_.Size() - count; index < history_.Size(); ++index) {
-            lines.push_back(FormatRecordLine(history_[index]));
+            lines.emplace_back();
+            AppendRecordLine(lines.back(), history_[index]);
         }
     } catch (...) { // NOLINT(bugprone-empty-catch): what was collected so far is better than nothing
     }
@@ -158,9 +151,9 @@ std::vector<std::string> Logger::GetRecentLines(std::uint64_t maxCount, std::int
 }
 
 void Logger::ClearHistory() {
-    std::vector<LogRecord> cleared; // destroyed after the lock
+    RecordHistory cleared(history_.Capacity()); // destroyed after the lock
     const QueueLock lock(queueMutex_);
-    cleared = history_.Clear();
+    std::swap(history_, cleared);
 }
 
 void Logger::Start(const std::string &prefix) {

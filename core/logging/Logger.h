@@ -8,9 +8,8 @@
 #include "core/logging/LogLevels.h"
 #include "core/logging/LogOutputs.h"
 #include "core/logging/LogRecord.h"
+#include "core/logging/PackedRecords.h"
 #include "core/logging/RecordHistory.h"
-#include "core/logging/RecordQueue.h"
-#include "core/logging/SpareRecords.h"
 #include "core/logging/TimedLock.h"
 #include "core/logging/WrittenSequence.h"
 
@@ -127,55 +126,55 @@ public:
 private:
     friend struct testing::LoggerTestAccess;
     using QueueLock = std::unique_lock<std::timed_mutex>;
-    class BatchScope;
+    static constexpr std::size_t cacheLine = 64;
 
     void EndAtProcessExit() noexcept;
     void ApplyEnvironment();
 
     // The road of one record.
     void Accept(LogCategory category, LogLevel level, std::string_view message) noexcept;
-    void Dispatch(RecordPair &pair);
+    void Dispatch(LogRecordView record);
     void WaitForRoom(QueueLock &lock);
-    void WriteDirectly(const LogRecord &record);
+    void WriteDirectly(const LogRecordView &record);
 
     // Batches out of the queue.
-    void TakePending(RecordQueue &batch);
-    void WriteTaken(RecordQueue &batch) noexcept;
-    [[nodiscard]] bool WriteStolen(RecordQueue &stolen, Deadline deadline);
+    void WritePending(QueueLock &lock, PackedRecords &batch) noexcept;
+    void TakePending(PackedRecords &batch);
+    void FinishBatch(PackedRecords &batch);
+    [[nodiscard]] bool WriteStolen(const PackedRecords &stolen, Deadline deadline) noexcept;
 
     // The worker and its end.
     void WorkerMain() noexcept;
-    [[nodiscard]] bool WriteNextBatch(RecordQueue &batch);
+    void AwaitWork(QueueLock &lock);
     void RetireWorker();
     [[nodiscard]] bool AwaitEndOfOtherStop(QueueLock &lock);
-    void FinishStop();
+    void FinishStop(QueueLock &lock);
     [[nodiscard]] bool IsOnWorkerThread() const;
 
     const std::uint64_t queueCapacity_;
     LogThresholds levels_;
-    SpareRecords spares_;
 
-    // ---- The queue. Its lock is never held while anything is written, nor with outputMutex_. ----
+    // ---- The queue. Its lock is never held while anything is written, nor with outputMutex_. What every log call
+    // touches comes first, away from the thresholds that every call reads. ----
 
-    mutable std::timed_mutex queueMutex_;        // guards everything down to outputMutex_
-    std::condition_variable_any workAvailable_;  // the worker waits
-    std::condition_variable_any spaceAvailable_; // producers wait for room in pending_
-    std::condition_variable_any drained_;        // flushes wait, and whoever waits for the end of another's stop
-    RecordQueue pending_;                        // for the worker, oldest first
-    RecordHistory history_;
+    alignas(cacheLine) mutable std::timed_mutex queueMutex_; // guards everything down to outputMutex_
     std::uint64_t nextSequence_ = 1;
     std::uint64_t lastQueuedSequence_ = 0;
-    WrittenSequence written_;
     bool workerRunning_ = false; // records go through pending_
     bool stopRequested_ = false; // from a stop's request to its end
     bool finalDrain_ = false;    // the worker has ended and the stop writes what is left: producers wait
+    bool workerWaits_ = false;   // so that nobody else pays for a notification, as with the two below
+    std::uint32_t producersWaiting_ = 0;
+    PackedRecords pending_; // for the worker, oldest first
+    RecordHistory history_;
+    std::uint32_t flushesWaiting_ = 0;
+    WrittenSequence written_;
+    std::condition_variable_any workAvailable_;  // the worker waits
+    std::condition_variable_any spaceAvailable_; // producers wait for room in pending_
+    std::condition_variable_any drained_;        // flushes wait, and whoever waits for the end of another's stop
     std::thread worker_;
     std::thread retiredWorker_;        // stopped by a sink of its own; ends by itself
     std::uint32_t workerThreadId_ = 0; // the platform's, while the worker lives
-    // Who waits, so that nobody else pays for a notification.
-    bool workerWaits_ = false;
-    std::uint32_t producersWaiting_ = 0;
-    std::uint32_t flushesWaiting_ = 0;
 
     // ---- The outputs ----
 

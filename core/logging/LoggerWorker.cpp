@@ -24,31 +24,6 @@ private:
 
 } // namespace
 
-// A batch that has left the queue. At the end it counts as done with, whatever became of it: no flush waits for ever.
-class Logger::BatchScope {
-public:
-    BatchScope(Logger &logger, RecordQueue &batch) : logger_(logger), batch_(batch) {}
-    BatchScope(const BatchScope &) = delete;
-    BatchScope &operator=(const BatchScope &) = delete;
-    ~BatchScope() {
-        if (batch_.IsEmpty()) {
-            return;
-        }
-        QueueLock lock(logger_.queueMutex_);
-        logger_.written_.Finish(batch_.Records().front().sequence, batch_.Records().back().sequence);
-        const bool wakeFlushes = logger_.flushesWaiting_ > 0;
-        lock.unlock();
-        if (wakeFlushes) {
-            logger_.drained_.notify_all();
-        }
-        batch_.Clear();
-    }
-
-private:
-    Logger &logger_;
-    RecordQueue &batch_;
-};
-
 void Logger::StartWorker() {
     const QueueLock lock(queueMutex_);
     if (workerRunning_ || worker_.joinable()) {
@@ -73,60 +48,63 @@ bool Logger::IsOnWorkerThread() const {
 
 void Logger::WorkerMain() noexcept {
     SetCurrentThreadName("Ovrin Log Sink");
-    {
-        const QueueLock lock(queueMutex_);
-        workerThreadId_ = GetCurrentThreadId();
-    }
-    RecordQueue batch;
-    while (WriteNextBatch(batch)) {
-    }
     QueueLock lock(queueMutex_);
+    workerThreadId_ = GetCurrentThreadId();
+    PackedRecords batch;
+    bool isLast = false;
+    // What comes during the last one is left to the final drain: a worker that went on while anybody logs might never
+    // end.
+    while (!isLast) {
+        AwaitWork(lock);
+        isLast = stopRequested_;
+        WritePending(lock, batch);
+    }
     workerThreadId_ = 0;
-    const bool isRetired = retiredWorker_.joinable();
-    lock.unlock();
-    if (isRetired) {
-        FinishStop();
+    if (retiredWorker_.joinable()) {
+        FinishStop(lock);
     }
 }
 
-// False after the last one. What comes during that one is left to the final drain: a worker that went on while anybody
-// logs might never end.
-bool Logger::WriteNextBatch(RecordQueue &batch) {
-    QueueLock lock(queueMutex_);
+void Logger::AwaitWork(QueueLock &lock) {
     while (pending_.IsEmpty() && !stopRequested_) {
         workerWaits_ = true;
         workAvailable_.wait(lock);
     }
     workerWaits_ = false;
-    const bool isLast = stopRequested_;
-    TakePending(batch);
-    lock.unlock();
-    WriteTaken(batch);
-    return !isLast;
 }
 
-// Needs the queue's lock and an empty batch, whose storage goes to the queue.
-void Logger::TakePending(RecordQueue &batch) {
+// Needs the lock of the queue, which is free while the batch is written, and an empty batch, which is empty again.
+void Logger::WritePending(QueueLock &lock, PackedRecords &batch) noexcept {
     if (pending_.IsEmpty()) {
         return;
     }
-    written_.Begin(pending_.Records().front().sequence);
+    TakePending(batch);
+    lock.unlock();
+    try {
+        const std::lock_guard outputLock(outputMutex_);
+        outputs_.WriteRecords(batch);
+        outputs_.Flush();
+    } catch (...) { // NOLINT(bugprone-empty-catch): no memory for the text; the outputs miss it and the worker goes on
+    }
+    LockSoon(lock);
+    FinishBatch(batch);
+}
+
+// Needs the lock of the queue and an empty batch, whose memory goes to the queue.
+void Logger::TakePending(PackedRecords &batch) {
+    written_.Begin(pending_.FirstSequence());
     std::swap(batch, pending_);
     if (producersWaiting_ > 0) {
         spaceAvailable_.notify_all();
     }
 }
 
-void Logger::WriteTaken(RecordQueue &batch) noexcept {
-    const BatchScope scope(*this, batch);
-    if (batch.IsEmpty()) {
-        return;
-    }
-    try {
-        const std::lock_guard lock(outputMutex_);
-        outputs_.WriteRecords(batch.Records());
-        outputs_.Flush();
-    } catch (...) { // NOLINT(bugprone-empty-catch): no memory for the text; the outputs miss it and the worker goes on
+// Needs the lock of the queue. The batch is done with, whatever became of it: no flush waits for it for ever.
+void Logger::FinishBatch(PackedRecords &batch) {
+    written_.Finish(batch.FirstSequence(), batch.LastSequence());
+    batch.Clear();
+    if (flushesWaiting_ > 0) {
+        drained_.notify_all();
     }
 }
 
@@ -149,7 +127,7 @@ void Logger::Flush() {
 bool Logger::FlushFor(std::int64_t timeoutMs) noexcept {
     try {
         const Deadline deadline = DeadlineAfter(timeoutMs);
-        RecordQueue stolen;
+        PackedRecords stolen;
         QueueLock lock(queueMutex_, std::defer_lock);
         if (!LockUntil(lock, deadline)) {
             return false;
@@ -160,25 +138,33 @@ bool Logger::FlushFor(std::int64_t timeoutMs) noexcept {
             const WaitingScope waiting(flushesWaiting_);
             drained_.wait_until(lock, deadline, isWritten);
         }
-        if (!isWritten()) {
+        if (!isWritten() && !pending_.IsEmpty()) {
             TakePending(stolen);
         }
         lock.unlock();
-        return WriteStolen(stolen, deadline);
+        const bool flushed = WriteStolen(stolen, deadline);
+        if (!stolen.IsEmpty()) {
+            lock.lock();
+            FinishBatch(stolen);
+        }
+        return flushed;
     } catch (...) {
         return false;
     }
 }
 
-bool Logger::WriteStolen(RecordQueue &stolen, Deadline deadline) {
-    const BatchScope scope(*this, stolen);
-    QueueLock lock(outputMutex_, std::defer_lock);
-    if (!LockUntil(lock, deadline)) {
+bool Logger::WriteStolen(const PackedRecords &stolen, Deadline deadline) noexcept {
+    try {
+        QueueLock lock(outputMutex_, std::defer_lock);
+        if (!LockUntil(lock, deadline)) {
+            return false;
+        }
+        outputs_.WriteRecords(stolen);
+        outputs_.Flush();
+        return true;
+    } catch (...) {
         return false;
     }
-    outputs_.WriteRecords(stolen.Records());
-    outputs_.Flush();
-    return true;
 }
 
 void Logger::StopWorker() {
@@ -202,7 +188,8 @@ void Logger::StopWorker() {
     lock.unlock();
     workAvailable_.notify_all();
     worker.join();
-    FinishStop();
+    lock.lock();
+    FinishStop(lock);
 }
 
 // Needs the queue's lock. The worker can't wait for its own end; it finishes the stop by itself.
@@ -222,22 +209,17 @@ bool Logger::AwaitEndOfOtherStop(QueueLock &lock) {
     return true;
 }
 
-// The worker has ended. Producers wait until the last batch is out, so that the loop comes to an end, and then find the
-// direct mode; no lock is held while the sinks are called, so that they may log.
-void Logger::FinishStop() {
-    RecordQueue rest;
-    QueueLock lock(queueMutex_);
+// Needs the lock of the queue. The worker has ended. Producers wait until the last batch is out, so that the loop comes
+// to an end, and then find the direct mode; no lock is held while the sinks are called, so that they may log.
+void Logger::FinishStop(QueueLock &lock) {
+    PackedRecords rest;
     finalDrain_ = true;
     while (!pending_.IsEmpty()) {
-        TakePending(rest);
-        lock.unlock();
-        WriteTaken(rest);
-        lock.lock();
+        WritePending(lock, rest);
     }
     workerRunning_ = false;
     stopRequested_ = false;
     finalDrain_ = false;
-    lock.unlock();
     spaceAvailable_.notify_all();
     drained_.notify_all();
 }

@@ -6,49 +6,56 @@
 
 namespace ovrin {
 
-const LogRecord &RecordHistory::operator[](std::size_t index) const {
-    const std::size_t place = oldest_ + index;
-    return records_[place < records_.size() ? place : place - records_.size()];
+namespace {
+
+constexpr std::size_t chunkSize = 256; // records
+
+} // namespace
+
+LogRecordView RecordHistory::operator[](std::size_t index) const {
+    const std::size_t place = evicted_ + index;
+    return chunks_[place / chunkSize][place % chunkSize];
 }
 
-void RecordHistory::MakeRoom() {
-    if (records_.size() == records_.capacity() && records_.size() < capacity_) {
-        records_.reserve(std::min<std::uint64_t>(capacity_, std::max<std::size_t>(2 * records_.size(), 64)));
+void RecordHistory::MakeRoom(std::size_t messageSize) {
+    if (chunks_.empty() || chunks_.back().Size() == chunkSize) {
+        chunks_.push_back(std::exchange(spare_, {}));
     }
+    chunks_.back().MakeRoom(messageSize);
 }
 
-void RecordHistory::Push(LogRecord &record) noexcept {
-    if (records_.size() < capacity_) {
-        records_.push_back(std::move(record));
-        record = {};
-        return;
+void RecordHistory::Append(const LogRecordView &record) noexcept {
+    if (size_ == capacity_) {
+        EvictOldest();
     }
-    std::swap(records_[oldest_], record);
-    oldest_ = oldest_ + 1 == records_.size() ? 0 : oldest_ + 1;
+    chunks_.back().Append(record);
+    ++size_;
 }
 
 void RecordHistory::CopyAfter(std::uint64_t sequence, std::vector<LogRecord> &records) const {
     const std::size_t first = FirstAfter(sequence);
-    const std::size_t wrap = records_.size() - oldest_; // how many stand from the oldest to the storage's end
-    const auto begin = records_.begin();
-    const auto at = [begin](std::size_t place) { return begin + static_cast<std::ptrdiff_t>(place); };
-    records.reserve(records.size() + Size() - first);
-    if (first < wrap) {
-        records.insert(records.end(), at(oldest_ + first), records_.end());
+    std::size_t place = records.size();
+    records.resize(records.size() + Size() - first);
+    for (std::size_t index = first; index < Size(); ++index) {
+        AssignRecord(records[place++], (*this)[index]);
     }
-    records.insert(records.end(), at(first < wrap ? 0 : first - wrap), at(oldest_));
-}
-
-std::vector<LogRecord> RecordHistory::Clear() {
-    oldest_ = 0;
-    return std::exchange(records_, {});
 }
 
 std::size_t RecordHistory::FirstAfter(std::uint64_t sequence) const {
     const auto indices = std::views::iota(std::size_t{0}, Size());
-    const auto first =
-        std::ranges::upper_bound(indices, sequence, {}, [this](auto index) { return (*this)[index].sequence; });
-    return static_cast<std::size_t>(first - indices.begin());
+    const auto sequenceAt = [this](std::size_t index) { return (*this)[index].sequence; };
+    return static_cast<std::size_t>(std::ranges::upper_bound(indices, sequence, {}, sequenceAt) - indices.begin());
+}
+
+void RecordHistory::EvictOldest() noexcept {
+    --size_;
+    ++evicted_;
+    if (evicted_ == chunkSize) {
+        chunks_.front().Clear();
+        spare_ = std::move(chunks_.front());
+        chunks_.pop_front();
+        evicted_ = 0;
+    }
 }
 
 } // namespace ovrin

@@ -1,11 +1,11 @@
-// The last records, oldest first: a ring that grows up to its capacity and then gives up the oldest for each new one.
-// No lock of its own.
+// The last records, oldest first; above its capacity it gives up the oldest for each new one. No lock of its own.
 #pragma once
 
-#include "core/logging/LogRecord.h"
+#include "core/logging/PackedRecords.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <vector>
 
 namespace ovrin {
@@ -15,27 +15,28 @@ public:
     // At least 1.
     explicit RecordHistory(std::uint64_t capacity) : capacity_(capacity) {}
 
-    [[nodiscard]] std::size_t Size() const { return records_.size(); }
-    // The oldest is 0.
-    [[nodiscard]] const LogRecord &operator[](std::size_t index) const;
+    [[nodiscard]] std::uint64_t Capacity() const { return capacity_; }
+    [[nodiscard]] std::size_t Size() const { return size_; }
+    // The oldest is 0. Lives until the next change.
+    [[nodiscard]] LogRecordView operator[](std::size_t index) const;
 
-    // The next Push raises nothing.
-    void MakeRoom();
-    // Needs MakeRoom. `record` comes back as the one that was evicted, or empty.
-    void Push(LogRecord &record) noexcept;
+    // Room for one more: the next Append raises nothing.
+    void MakeRoom(std::size_t messageSize);
+    // Needs MakeRoom with the size of its message.
+    void Append(const LogRecordView &record) noexcept;
 
-    // Appends those whose sequence is higher; they stand in the order of their sequences.
+    // Appends copies of those whose sequence is higher; they stand in the order of their sequences.
     void CopyAfter(std::uint64_t sequence, std::vector<LogRecord> &records) const;
-
-    // Gives what it held, for whoever destroys it without the lock.
-    [[nodiscard]] std::vector<LogRecord> Clear();
 
 private:
     [[nodiscard]] std::size_t FirstAfter(std::uint64_t sequence) const;
+    void EvictOldest() noexcept;
 
     std::uint64_t capacity_;
-    std::vector<LogRecord> records_;
-    std::size_t oldest_ = 0; // where the ring begins, once it is full
+    std::deque<PackedRecords> chunks_; // each is full but the last; the oldest goes when all its records are evicted
+    PackedRecords spare_;              // the memory of the chunk that went last
+    std::size_t evicted_ = 0;          // from the first chunk
+    std::size_t size_ = 0;
 };
 
 } // namespace ovrin

@@ -63,3 +63,10 @@ DWORD GetCurrentThreadId();
 HRESULT SetThreadDescription(HANDLE thread, LPCWSTR description);
 // Always FALSE: there is no such reserve.
 BOOL SetThreadStackGuarantee(ULONG *size);
+
+// Tells the processor that the caller spins.
+inline void YieldProcessor() {
+#if defined(__x86_64__)
+    __builtin_ia32_pause();
+#endif
+}
