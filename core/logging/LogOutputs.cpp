@@ -10,7 +10,13 @@ namespace ovrin {
 namespace {
 
 // A full queue of common lines stays below it; what a flood of long ones took is given back.
-constexpr std::size_t keptBatchCapacity = std::size_t{8} << 20U;
+constexpr std::size_t keptCapacity = std::size_t{8} << 20U;
+
+void DropHuge(std::string &text) {
+    if (text.capacity() > keptCapacity) {
+        text = {};
+    }
+}
 
 // A sink is foreign code: whatever it raises is its own affair.
 template<typename Call>
@@ -88,9 +94,8 @@ void LogOutputs::WriteBatch() {
         static_cast<void>(std::fwrite(batch_.data(), 1, batch_.size(), stdout));
     }
     files_.Write(batch_);
-    if (batch_.capacity() > keptBatchCapacity) {
-        batch_ = {};
-    }
+    DropHuge(batch_);
+    DropHuge(sinkRecord_.message);
 }
 
 void LogOutputs::Flush() {

@@ -2,6 +2,7 @@
 
 #include "core/logging/LogClock.h"
 #include "core/logging/LogThread.h"
+#include "core/logging/SpinningLock.h"
 #include "core/logging/TimedLock.h"
 #include "core/paths/EnginePaths.h"
 #include "core/paths/PathForm.h"
@@ -60,7 +61,7 @@ void Logger::Accept(LogCategory category, LogLevel level, std::string_view messa
 
 void Logger::Dispatch(LogRecordView record) {
     QueueLock lock(queueMutex_, std::defer_lock);
-    LockSoon(lock);
+    LockSpinning(lock);
     WaitForRoom(lock);
     const bool isQueued = workerRunning_;
     if (isQueued) {

@@ -1,6 +1,7 @@
 // The queued road from the other end: the worker, the flushes, and the stop that loses no record between the two modes.
 #include "core/logging/LogThread.h"
 #include "core/logging/Logger.h"
+#include "core/logging/SpinningLock.h"
 #include "core/logging/TimedLock.h"
 #include "platform/winapi/WinApi.h"
 
@@ -86,8 +87,11 @@ void Logger::WritePending(QueueLock &lock, PackedRecords &batch) noexcept {
         outputs_.Flush();
     } catch (...) { // NOLINT(bugprone-empty-catch): no memory for the text; the outputs miss it and the worker goes on
     }
-    LockSoon(lock);
-    FinishBatch(batch);
+    const std::uint64_t first = batch.FirstSequence();
+    const std::uint64_t last = batch.LastSequence();
+    batch.Clear();
+    LockSpinning(lock);
+    FinishBatch(first, last);
 }
 
 // Needs the lock of the queue and an empty batch, whose memory goes to the queue.
@@ -100,9 +104,8 @@ void Logger::TakePending(PackedRecords &batch) {
 }
 
 // Needs the lock of the queue. The batch is done with, whatever became of it: no flush waits for it for ever.
-void Logger::FinishBatch(PackedRecords &batch) {
-    written_.Finish(batch.FirstSequence(), batch.LastSequence());
-    batch.Clear();
+void Logger::FinishBatch(std::uint64_t first, std::uint64_t last) {
+    written_.Finish(first, last);
     if (flushesWaiting_ > 0) {
         drained_.notify_all();
     }
@@ -145,7 +148,7 @@ bool Logger::FlushFor(std::int64_t timeoutMs) noexcept {
         const bool flushed = WriteStolen(stolen, deadline);
         if (!stolen.IsEmpty()) {
             lock.lock();
-            FinishBatch(stolen);
+            FinishBatch(stolen.FirstSequence(), stolen.LastSequence());
         }
         return flushed;
     } catch (...) {
@@ -192,7 +195,7 @@ void Logger::StopWorker() {
     FinishStop(lock);
 }
 
-// Needs the queue's lock. The worker can't wait for its own end; it finishes the stop by itself.
+// Needs the lock of the queue. The worker can't wait for its own end; it finishes the stop by itself.
 void Logger::RetireWorker() {
     if (worker_.joinable()) {
         stopRequested_ = true;

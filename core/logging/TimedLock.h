@@ -1,7 +1,5 @@
-// Ways to take a timed mutex.
+// Locks and waits that give up at a deadline.
 #pragma once
-
-#include "platform/winapi/WinApi.h"
 
 #include <algorithm>
 #include <chrono>
@@ -23,19 +21,6 @@ using Deadline = std::chrono::steady_clock::time_point;
 // A free lock is taken even where the deadline has passed.
 [[nodiscard]] inline bool LockUntil(std::unique_lock<std::timed_mutex> &lock, Deadline deadline) {
     return lock.try_lock() || lock.try_lock_until(deadline);
-}
-
-// For a lock that is only held for moments: tries some times before it sleeps, which would cost the holder a call to
-// wake this thread.
-inline void LockSoon(std::unique_lock<std::timed_mutex> &lock) {
-    constexpr int attempts = 100;
-    for (int attempt = 0; attempt < attempts; ++attempt) {
-        if (lock.try_lock()) {
-            return;
-        }
-        YieldProcessor();
-    }
-    lock.lock();
 }
 
 } // namespace ovrin
