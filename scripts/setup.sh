@@ -10,7 +10,7 @@ declare -A groups=(
     [windows]="g++-mingw-w64-x86-64-posix wine64"
     [checks]="clang-format clang-tidy shellcheck"
     [fuzz]="clang"
-    [bench]="libx11-dev python3"
+    [bench]="libx11-dev libspdlog-dev python3"
     [icon]="librsvg2-bin python3"
 )
 

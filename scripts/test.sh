@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds everything and runs all the tests, for Linux, for Linux with sanitizers, and for Windows under Wine.
+# Builds everything and runs all the tests, for Linux, for Linux with sanitizers, and for Windows under Wine. Under the
+# thread sanitizer only what has several threads is run.
 #
 # test.sh [--quick]: --quick leaves out Windows. What a machine lacks is left out and named in the summary; with CI set
 # anything left out is an error.
@@ -45,17 +46,22 @@ build() {
         return 1
     }
     grep 'left out' "build/$1.configure.log"
-    cmake --build --preset "$1" -- -j2
+    cmake --build --preset "$@" -- -j2
 }
 
+# run_preset PRESET [TEST...]: all tests, or those that are named as their programs.
 run_preset() {
-    local preset="$1" start=$SECONDS
+    local preset="$1" start=$SECONDS tests=("${@:2}") targets=() only=()
+    if ((${#tests[@]} > 0)); then
+        targets=(--target "${tests[@]}")
+        only=(-R "^($(IFS='|' && echo "${tests[*]}"))\$")
+    fi
     echo "== $preset"
-    if ! build "$preset"; then
+    if ! build "$preset" "${targets[@]}"; then
         note_failure "$preset: build"
         return
     fi
-    if ctest --preset "$preset" -j2; then
+    if ctest --preset "$preset" -j2 "${only[@]}"; then
         summary+=("passed   $preset ($((SECONDS - start)) s)")
     else
         note_failure "$preset: tests"
@@ -79,6 +85,7 @@ mkdir -p build
 unset QT_QPA_PLATFORM
 run_preset linux
 run_preset linux-asan
+run_preset linux-tsan logging_tests logging_stress
 if [[ "$quick" == yes ]]; then
     summary+=("left out windows (--quick)")
 elif ! command -v x86_64-w64-mingw32-g++-posix >/dev/null; then

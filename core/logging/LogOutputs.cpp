@@ -14,7 +14,7 @@ constexpr std::size_t keptCapacity = std::size_t{8} << 20U;
 
 void DropHuge(std::string &text) {
     if (text.capacity() > keptCapacity) {
-        text = {};
+        std::string().swap(text); // an assignment keeps the memory
     }
 }
 

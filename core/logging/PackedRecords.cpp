@@ -48,7 +48,7 @@ void PackedRecords::Append(const LogRecordView &record) noexcept {
 
 void PackedRecords::Clear() {
     if (messages_.capacity() > std::max(keptBytesAtLeast, keptBytesEach * entries_.capacity())) {
-        messages_ = {};
+        std::string().swap(messages_); // an assignment keeps the memory
     }
     messages_.clear();
     entries_.clear();
