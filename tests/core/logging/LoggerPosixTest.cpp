@@ -50,6 +50,15 @@ TEST(LogWorker, ThatCannotBeMadeLeavesTheDirectMode) {
     EXPECT_TRUE(logger.IsWorkerRunning());
 }
 
+TEST(LogWorker, ShowsItsName) {
+    std::string name(16, '\0');
+    Logger logger({.console = false, .startWorkerOnCreate = true});
+    logger.AddSink(std::make_shared<RecordingSink>(
+        [&name](const LogRecord &) { pthread_getname_np(pthread_self(), name.data(), name.size()); }));
+    logger.Log(LogLevel::Fatal, "text");
+    EXPECT_STREQ(name.c_str(), "Ovrin Log Sink");
+}
+
 TEST(SessionFiles, AreNotInheritedByAStartedProgram) {
     const TemporaryFolder folder;
     Logger logger({.console = false});
