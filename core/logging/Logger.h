@@ -140,7 +140,6 @@ private:
     // Batches out of the queue.
     void WritePending(QueueLock &lock, PackedRecords &batch) noexcept;
     void TakePending(PackedRecords &batch);
-    void FinishBatch(std::uint64_t first, std::uint64_t last);
     [[nodiscard]] bool WriteStolen(const PackedRecords &stolen, Deadline deadline) noexcept;
 
     // The worker and its end.

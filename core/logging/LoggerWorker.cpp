@@ -23,6 +23,15 @@ private:
     std::uint32_t &count_;
 };
 
+// A thread that is woken while the lock is held goes to sleep again at once.
+void UnlockAndNotify(std::unique_lock<std::timed_mutex> &lock, std::condition_variable_any &condition,
+                     std::uint32_t waiting) {
+    lock.unlock();
+    if (waiting > 0) {
+        condition.notify_all();
+    }
+}
+
 } // namespace
 
 void Logger::StartWorker() {
@@ -80,7 +89,7 @@ void Logger::WritePending(QueueLock &lock, PackedRecords &batch) noexcept {
         return;
     }
     TakePending(batch);
-    lock.unlock();
+    UnlockAndNotify(lock, spaceAvailable_, producersWaiting_);
     try {
         const std::lock_guard outputLock(outputMutex_);
         outputs_.WriteRecords(batch);
@@ -91,24 +100,18 @@ void Logger::WritePending(QueueLock &lock, PackedRecords &batch) noexcept {
     const std::uint64_t last = batch.LastSequence();
     batch.Clear();
     LockSpinning(lock);
-    FinishBatch(first, last);
+    written_.Finish(first, last);
+    if (flushesWaiting_ > 0) {
+        UnlockAndNotify(lock, drained_, flushesWaiting_);
+        LockSpinning(lock);
+    }
 }
 
-// Needs the lock of the queue and an empty batch, whose memory goes to the queue.
+// Needs the lock of the queue and an empty batch, whose memory goes to the queue. Whatever becomes of the batch, its
+// end has to be noted in written_, or a flush waits for ever.
 void Logger::TakePending(PackedRecords &batch) {
     written_.Begin(pending_.FirstSequence());
     std::swap(batch, pending_);
-    if (producersWaiting_ > 0) {
-        spaceAvailable_.notify_all();
-    }
-}
-
-// Needs the lock of the queue. The batch is done with, whatever became of it: no flush waits for it for ever.
-void Logger::FinishBatch(std::uint64_t first, std::uint64_t last) {
-    written_.Finish(first, last);
-    if (flushesWaiting_ > 0) {
-        drained_.notify_all();
-    }
 }
 
 void Logger::Flush() {
@@ -144,11 +147,12 @@ bool Logger::FlushFor(std::int64_t timeoutMs) noexcept {
         if (!isWritten() && !pending_.IsEmpty()) {
             TakePending(stolen);
         }
-        lock.unlock();
+        UnlockAndNotify(lock, spaceAvailable_, producersWaiting_);
         const bool flushed = WriteStolen(stolen, deadline);
         if (!stolen.IsEmpty()) {
             lock.lock();
-            FinishBatch(stolen.FirstSequence(), stolen.LastSequence());
+            written_.Finish(stolen.FirstSequence(), stolen.LastSequence());
+            UnlockAndNotify(lock, drained_, flushesWaiting_);
         }
         return flushed;
     } catch (...) {
@@ -212,8 +216,9 @@ bool Logger::AwaitEndOfOtherStop(QueueLock &lock) {
     return true;
 }
 
-// Needs the lock of the queue. The worker has ended. Producers wait until the last batch is out, so that the loop comes
-// to an end, and then find the direct mode; no lock is held while the sinks are called, so that they may log.
+// Needs the lock of the queue and gives it up. The worker has ended. Producers wait until the last batch is out, so
+// that the loop comes to an end, and then find the direct mode; no lock is held while the sinks are called, so that
+// they may log.
 void Logger::FinishStop(QueueLock &lock) {
     PackedRecords rest;
     finalDrain_ = true;
@@ -223,6 +228,7 @@ void Logger::FinishStop(QueueLock &lock) {
     workerRunning_ = false;
     stopRequested_ = false;
     finalDrain_ = false;
+    lock.unlock();
     spaceAvailable_.notify_all();
     drained_.notify_all();
 }
