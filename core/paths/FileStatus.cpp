@@ -2,7 +2,6 @@
 
 #include "core/paths/FileStatusPlatform.h"
 #include "core/paths/PathForm.h"
-#include "core/paths/PathRoot.h"
 #include "platform/text/NarrowPath.h"
 #include "platform/text/TextConversion.h"
 
@@ -37,24 +36,11 @@ bool IsFolder(const std::filesystem::path &path) {
     return status && status->isFolder;
 }
 
-// Where each folder of the chain ends in the path's text, the topmost first. The root isn't one of them.
-std::vector<std::size_t> EndsOfFolders(const std::filesystem::path &path) {
-    using Text = std::filesystem::path::string_type;
-    constexpr Text::value_type slash{'/'};
-    const Text text = PathForm::GenericText(path);
-    std::vector<std::size_t> ends;
-    std::size_t begin = text.find_first_not_of(slash, SplitRoot(path).rootName.size());
-    while (begin != Text::npos) {
-        ends.push_back(std::min(text.find(slash, begin), text.size()));
-        begin = text.find_first_not_of(slash, ends.back());
-    }
-    return ends;
-}
-
 // A chain of folders by its text: a location may have thousands of elements.
 class FolderChain {
 public:
-    explicit FolderChain(const std::filesystem::path &path) : text_(path.native()), ends_(EndsOfFolders(path)) {}
+    explicit FolderChain(const std::filesystem::path &path)
+        : text_(path.native()), ends_(PathForm::EndsOfElements(path)) {}
 
     // Makes nothing where there is an error already.
     void MakeMissing(std::error_code &error) {

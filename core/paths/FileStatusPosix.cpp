@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
+#include <memory>
 #include <sys/stat.h>
 
 namespace ovrin {
@@ -31,6 +33,15 @@ bool MeansAbsent(const std::error_code &error) {
 
 bool MeansMissing(const std::error_code &error) {
     return error.value() == ENOENT;
+}
+
+std::filesystem::path ResolveLinks(const std::filesystem::path &path, std::error_code &error) {
+    const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(path.c_str(), nullptr), std::free);
+    if (resolved == nullptr) {
+        error = LastError();
+        return {};
+    }
+    return resolved.get();
 }
 
 bool IsFolderEmpty(const std::filesystem::path &path, std::error_code &error) {

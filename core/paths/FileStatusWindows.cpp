@@ -36,22 +36,39 @@ EntryStatus StatusOf(DWORD attributes, DWORD sizeHigh, DWORD sizeLow) {
             .size = (std::uint64_t{sizeHigh} << bitsOfHalf) | sizeLow};
 }
 
-// Opening is the only way to what a link leads to.
-std::optional<EntryStatus> QueryTarget(const std::filesystem::path &path, std::error_code &error) {
+// Opening is the only way to what a link leads to. Null on failure.
+UniqueFile OpenTarget(const std::filesystem::path &path, std::error_code &error) {
     const HANDLE handle =
         CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     if (handle == INVALID_HANDLE_VALUE) {
         Assign(error, GetLastError());
+        return nullptr;
+    }
+    return UniqueFile(handle);
+}
+
+std::optional<EntryStatus> QueryTarget(const std::filesystem::path &path, std::error_code &error) {
+    const UniqueFile file = OpenTarget(path, error);
+    if (file == nullptr) {
         return std::nullopt;
     }
-    const UniqueFile file(handle);
     BY_HANDLE_FILE_INFORMATION status{};
-    if (GetFileInformationByHandle(handle, &status) == 0) {
+    if (GetFileInformationByHandle(file.get(), &status) == 0) {
         Assign(error, GetLastError());
         return std::nullopt;
     }
     return StatusOf(status.dwFileAttributes, status.nFileSizeHigh, status.nFileSizeLow);
+}
+
+// The system answers in its unlimited form: `\\?\C:\x` and `\\?\UNC\server\share\x`.
+std::wstring WithoutUnlimitedPrefix(std::wstring path) {
+    constexpr std::wstring_view prefix = LR"(\\?\)";
+    constexpr std::wstring_view networkPrefix = LR"(\\?\UNC\)";
+    if (path.starts_with(networkPrefix)) {
+        return path.replace(0, networkPrefix.size(), LR"(\\)");
+    }
+    return path.starts_with(prefix) ? path.substr(prefix.size()) : path;
 }
 
 bool IsDotName(const wchar_t *name) {
@@ -78,6 +95,22 @@ bool MeansAbsent(const std::error_code &error) {
 
 bool MeansMissing(const std::error_code &error) {
     return error.value() == ERROR_FILE_NOT_FOUND || error.value() == ERROR_PATH_NOT_FOUND;
+}
+
+std::filesystem::path ResolveLinks(const std::filesystem::path &path, std::error_code &error) {
+    const UniqueFile file = OpenTarget(path, error);
+    if (file == nullptr) {
+        return {};
+    }
+    std::wstring resolved(GetFinalPathNameByHandleW(file.get(), nullptr, 0, FILE_NAME_NORMALIZED), L'\0');
+    const DWORD length = GetFinalPathNameByHandleW(file.get(), resolved.data(), static_cast<DWORD>(resolved.size()),
+                                                   FILE_NAME_NORMALIZED);
+    if (length == 0 || length >= resolved.size()) {
+        Assign(error, GetLastError());
+        return {};
+    }
+    resolved.resize(length);
+    return WithoutUnlimitedPrefix(std::move(resolved));
 }
 
 bool IsFolderEmpty(const std::filesystem::path &path, std::error_code &error) {

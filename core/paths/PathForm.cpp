@@ -1,6 +1,7 @@
 #include "core/paths/PathForm.h"
 
 #include "core/paths/FileStatus.h"
+#include "core/paths/FileStatusPlatform.h"
 #include "core/paths/PathRoot.h"
 
 #include <algorithm>
@@ -15,6 +16,24 @@ constexpr auto separator = std::filesystem::path::preferred_separator;
 
 std::filesystem::path Assemble(const NativeText &rootName, const std::filesystem::path &local) {
     return std::filesystem::path(rootName + local.native()).make_preferred();
+}
+
+// Resolves the longest leading part of a path that isn't there as a whole. Empty, without an error, where nothing is.
+std::filesystem::path ResolveExistingPart(const NativeText &text, std::vector<std::size_t> ends,
+                                          std::filesystem::path &rest, std::error_code &error) {
+    ends.insert(ends.begin(), SplitRoot(text).rootName.size() + (IsAbsolute(text) ? 1 : 0));
+    // What lies under a folder that isn't there isn't there either, so halving finds where the path leaves the disk.
+    const auto missing = std::partition_point(ends.begin(), ends.end(), [&](std::size_t end) {
+        std::error_code query;
+        const bool exists = end == 0 || QueryEntry(text.substr(0, end), query);
+        if (!exists && !MeansAbsent(query)) {
+            error = query;
+        }
+        return exists;
+    });
+    const std::size_t end = missing == ends.begin() ? 0 : *(missing - 1);
+    rest = text.substr(std::min(GenericText(text).find_first_not_of(NativeText::value_type{'/'}, end), text.size()));
+    return error || end == 0 ? std::filesystem::path() : ResolveLinks(text.substr(0, end), error);
 }
 
 } // namespace
@@ -71,6 +90,40 @@ std::filesystem::path MakeAbsolute(const std::filesystem::path &path) {
         throw PathError("absolute", path, error);
     }
     return Join(folder, local);
+}
+
+std::vector<std::size_t> EndsOfElements(const std::filesystem::path &path) {
+    constexpr NativeText::value_type slash{'/'};
+    const NativeText text = GenericText(path);
+    std::vector<std::size_t> ends;
+    std::size_t begin = text.find_first_not_of(slash, SplitRoot(path).rootName.size());
+    while (begin != NativeText::npos) {
+        ends.push_back(std::min(text.find(slash, begin), text.size()));
+        begin = text.find_first_not_of(slash, ends.back());
+    }
+    return ends;
+}
+
+bool HasParentStep(const std::filesystem::path &path) {
+    return std::ranges::any_of(SplitRoot(path).local, [](const auto &element) { return element == ".."; });
+}
+
+std::filesystem::path WeaklyCanonical(const std::filesystem::path &path, std::error_code &error) {
+    std::error_code query;
+    std::filesystem::path whole = ResolveLinks(path, query);
+    if (!query) {
+        return LexicallyNormal(whole);
+    }
+    if (!MeansAbsent(query)) {
+        error = query;
+        return {};
+    }
+    std::filesystem::path rest;
+    const std::filesystem::path existing = ResolveExistingPart(path.native(), EndsOfElements(path), rest, error);
+    if (error) {
+        return {};
+    }
+    return LexicallyNormal(existing.empty() ? path : Join(existing, rest));
 }
 
 } // namespace ovrin::PathForm

@@ -3,7 +3,10 @@
 // `\\server\share\` or one of these behind `\\?\`; a share belongs to its root, as it does for the system.
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
+#include <system_error>
+#include <vector>
 
 namespace ovrin::PathForm {
 
@@ -26,5 +29,16 @@ namespace ovrin::PathForm {
 
 // Against the current folder; an absolute path comes back unchanged. Raises PathError "absolute".
 [[nodiscard]] std::filesystem::path MakeAbsolute(const std::filesystem::path &path);
+
+// Where the path's text may be cut behind an element, the root excepted; the shortest leading part first.
+[[nodiscard]] std::vector<std::size_t> EndsOfElements(const std::filesystem::path &path);
+
+// Whether ".." is one of the elements.
+[[nodiscard]] bool HasParentStep(const std::filesystem::path &path);
+
+// The leading part that exists with its links resolved, the rest behind it, and the whole in normal form. A relative
+// path of which nothing exists stays relative. `error` is set where the file system can't tell; then the result is
+// empty.
+[[nodiscard]] std::filesystem::path WeaklyCanonical(const std::filesystem::path &path, std::error_code &error);
 
 } // namespace ovrin::PathForm

@@ -21,6 +21,23 @@ std::filesystem::path NativeFromWide(WideTextView text) {
     return {text};
 }
 
+// That of the program's file functions, which a program may switch.
+UINT FileCodePage() {
+    return AreFileApisANSI() != 0 ? GetACP() : GetOEMCP();
+}
+
+std::string ToFileCodePage(WideTextView text, BOOL *replaced) {
+    // A character of its own or none: one that only looks alike would name another file.
+    const DWORD flags = FileCodePage() == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS;
+    const auto convert = [text, flags, replaced](char *buffer, int size) {
+        return WideCharToMultiByte(FileCodePage(), flags, text.data(), static_cast<int>(text.size()), buffer, size,
+                                   nullptr, replaced);
+    };
+    std::string narrow(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
+    convert(narrow.data(), static_cast<int>(narrow.size()));
+    return narrow;
+}
+
 #else
 
 std::filesystem::path NativeFromWide(WideTextView text) {
@@ -54,16 +71,31 @@ WideText WideFromPathLenient(const std::filesystem::path &path) {
     return path.native();
 }
 
-std::string NarrowFromWideLenient(WideTextView text) {
-    // The encoding of the program's file functions, which a program may switch.
-    const UINT codePage = AreFileApisANSI() != 0 ? CP_ACP : CP_OEMCP;
-    const auto convert = [codePage, text](char *buffer, int size) {
-        return WideCharToMultiByte(codePage, WC_NO_BEST_FIT_CHARS, text.data(), static_cast<int>(text.size()), buffer,
-                                   size, nullptr, nullptr);
-    };
-    std::string narrow(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
-    convert(narrow.data(), static_cast<int>(narrow.size()));
+std::string NarrowFromPath(const std::filesystem::path &path) {
+    BOOL replaced = FALSE;
+    std::string narrow = ToFileCodePage(path.native(), FileCodePage() == CP_UTF8 ? nullptr : &replaced);
+    const bool isText = FileCodePage() != CP_UTF8 || Utf8ToWide(narrow) == path.native();
+    if (replaced != FALSE || !isText) {
+        RaiseNotConvertible("narrow text from path");
+    }
     return narrow;
+}
+
+std::filesystem::path PathFromNarrow(std::string_view text) {
+    const auto convert = [text](wchar_t *buffer, int size) {
+        return MultiByteToWideChar(FileCodePage(), MB_ERR_INVALID_CHARS, text.data(), static_cast<int>(text.size()),
+                                   buffer, size);
+    };
+    std::wstring wide(static_cast<std::size_t>(convert(nullptr, 0)), L'\0');
+    convert(wide.data(), static_cast<int>(wide.size()));
+    if (wide.empty() && !text.empty()) {
+        RaiseNotConvertible("path from narrow text");
+    }
+    return PathFromWide(wide);
+}
+
+std::string NarrowFromWideLenient(WideTextView text) {
+    return ToFileCodePage(text, nullptr);
 }
 
 std::string NarrowFromPathLenient(const std::filesystem::path &path) {
@@ -82,6 +114,17 @@ WideText WideFromPath(const std::filesystem::path &path) {
 
 WideText WideFromPathLenient(const std::filesystem::path &path) {
     return Utf8ToWideLenient(path.native());
+}
+
+std::string NarrowFromPath(const std::filesystem::path &path) {
+    return path.native();
+}
+
+std::filesystem::path PathFromNarrow(std::string_view text) {
+    if (text.find('\0') != std::string_view::npos) {
+        RaiseNotConvertible("path from narrow text");
+    }
+    return {text};
 }
 
 std::string NarrowFromWideLenient(WideTextView text) {

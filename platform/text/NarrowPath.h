@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace ovrin {
 
@@ -18,7 +19,16 @@ namespace ovrin {
 // For showing only: what isn't text becomes U+FFFD, so the result may name no file.
 [[nodiscard]] WideText WideFromPathLenient(const std::filesystem::path &path);
 
-// Text and paths in the narrow file-name encoding, for showing only: what it can't hold is replaced by its own mark.
+// ---- The narrow file-name encoding: the code page of the program's file functions, or bytes as they are where paths
+// are bytes. ----
+
+// Raises std::system_error for a character that the encoding can't hold.
+[[nodiscard]] std::string NarrowFromPath(const std::filesystem::path &path);
+
+// Raises std::system_error for bytes that aren't text in the encoding, and for a zero byte.
+[[nodiscard]] std::filesystem::path PathFromNarrow(std::string_view text);
+
+// For showing only: what the encoding can't hold is replaced by its own mark.
 [[nodiscard]] std::string NarrowFromWideLenient(WideTextView text);
 [[nodiscard]] std::string NarrowFromPathLenient(const std::filesystem::path &path);
 
