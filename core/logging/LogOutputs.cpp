@@ -1,7 +1,5 @@
 #include "core/logging/LogOutputs.h"
 
-#include "core/logging/LogThread.h"
-
 #include <algorithm>
 #include <cstdio>
 
@@ -55,7 +53,7 @@ std::vector<std::shared_ptr<LogSink>> LogOutputs::RemoveAllSinks() {
 }
 
 void LogOutputs::WriteRecords(const PackedRecords &records) {
-    const SinkCallScope inSinkCall;
+    const SinkCallScope inSinkCall(this);
     batch_.clear();
     for (std::size_t index = 0; index < records.Size(); ++index) {
         AddToBatch(records[index]);
@@ -64,7 +62,7 @@ void LogOutputs::WriteRecords(const PackedRecords &records) {
 }
 
 void LogOutputs::WriteRecord(const LogRecordView &record) {
-    const SinkCallScope inSinkCall;
+    const SinkCallScope inSinkCall(this);
     batch_.clear();
     AddToBatch(record);
     WriteBatch();
@@ -103,7 +101,7 @@ void LogOutputs::Flush() {
         static_cast<void>(std::fflush(stdout));
     }
     files_.Flush();
-    const SinkCallScope inSinkCall;
+    const SinkCallScope inSinkCall(this);
     for (const SinkEntry &entry : sinks_) {
         CallSink([&] { entry.sink->Flush(); });
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/logging/LogRecord.h"
+#include "core/logging/LogThread.h"
 #include "core/logging/PackedRecords.h"
 #include "core/logging/SessionFiles.h"
 
@@ -25,6 +26,9 @@ public:
     // the owner's code.
     [[nodiscard]] std::shared_ptr<LogSink> RemoveSink(std::uint64_t id);
     [[nodiscard]] std::vector<std::shared_ptr<LogSink>> RemoveAllSinks();
+
+    // Whether the calling thread is inside one of these sinks.
+    [[nodiscard]] bool IsBeingWritten() const { return IsInSinkCallOf(this); }
 
     // Each sink gets each record at once; then the whole batch goes to each of the others in one write.
     void WriteRecords(const PackedRecords &records);

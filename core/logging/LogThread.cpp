@@ -11,7 +11,7 @@ namespace {
 
 // No destructor: a static object's may log after the thread's own objects have gone.
 struct ThreadLogState {
-    bool inSinkCall;
+    const SinkCallScope *sinkCall; // the innermost
     std::uint32_t threadLogId;
 };
 
@@ -43,15 +43,23 @@ void SetCurrentThreadName(std::string_view name) noexcept {
 }
 
 bool IsInSinkCall() {
-    return threadState.inSinkCall;
+    return threadState.sinkCall != nullptr;
 }
 
-SinkCallScope::SinkCallScope() : outer_(threadState.inSinkCall) {
-    threadState.inSinkCall = true;
+bool IsInSinkCallOf(const void *owner) {
+    const SinkCallScope *call = threadState.sinkCall;
+    while (call != nullptr && call->owner_ != owner) {
+        call = call->outer_;
+    }
+    return call != nullptr;
+}
+
+SinkCallScope::SinkCallScope(const void *owner) : owner_(owner), outer_(threadState.sinkCall) {
+    threadState.sinkCall = this;
 }
 
 SinkCallScope::~SinkCallScope() {
-    threadState.inSinkCall = outer_;
+    threadState.sinkCall = outer_;
 }
 
 } // namespace ovrin

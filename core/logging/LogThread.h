@@ -13,19 +13,24 @@ namespace ovrin {
 // handling a stack overflow needs. Best effort: never fails, never raises.
 void SetCurrentThreadName(std::string_view name) noexcept;
 
-// Whether the calling thread is inside a sink, or in the writing around it.
+// Whether the calling thread is inside a sink, or in the writing around it: of any logger, or of this owner's.
 [[nodiscard]] bool IsInSinkCall();
+[[nodiscard]] bool IsInSinkCallOf(const void *owner);
 
-// The calling thread is inside a sink for the length of this scope.
+// The calling thread is inside a sink of this owner for the length of this scope. A sink of one logger may flush
+// another.
 class SinkCallScope {
 public:
-    SinkCallScope();
+    explicit SinkCallScope(const void *owner);
     SinkCallScope(const SinkCallScope &) = delete;
     SinkCallScope &operator=(const SinkCallScope &) = delete;
     ~SinkCallScope();
 
 private:
-    bool outer_; // a sink of one logger may flush another
+    friend bool IsInSinkCallOf(const void *owner);
+
+    const void *owner_;
+    const SinkCallScope *outer_;
 };
 
 } // namespace ovrin

@@ -35,15 +35,25 @@ Logger::Logger(const LoggerConfig &config)
 
 Logger::~Logger() {
     Shutdown();
+    DropSinks();
 }
 
 void Logger::EndAtProcessExit() noexcept {
     // A sink that ends the process holds the outputs for good.
-    if (IsInSinkCall()) {
+    if (outputs_.IsBeingWritten()) {
         return;
     }
+    {
+        const QueueLock lock(queueMutex_);
+        processEnds_ = true;
+    }
     Shutdown();
-    std::vector<std::shared_ptr<LogSink>> dropped;
+    DropSinks();
+}
+
+// While there is still a logger, since a sink may log when it goes.
+void Logger::DropSinks() {
+    std::vector<std::shared_ptr<LogSink>> dropped; // after the lock
     const std::lock_guard lock(outputMutex_);
     dropped = outputs_.RemoveAllSinks();
 }

@@ -115,8 +115,8 @@ public:
     // crash handler: raises nothing. Inside a sink it runs out of time.
     [[nodiscard]] bool FlushFor(std::int64_t timeoutMs) noexcept;
 
-    // Ends the worker after everything queued is written; records then go out on the logging thread again. On the
-    // worker's own thread, inside a sink, it only asks for the end.
+    // Ends the worker after everything queued is written; records then go out on the logging thread again. Inside a
+    // sink it only asks for the end.
     void StopWorker();
 
     // StopWorker, then closes the session files. Sinks, history, thresholds and numbering stay, and Start begins a new
@@ -129,6 +129,7 @@ private:
     static constexpr std::size_t cacheLine = 64;
 
     void EndAtProcessExit() noexcept;
+    void DropSinks();
     void ApplyEnvironment();
 
     // The road of one record.
@@ -146,7 +147,6 @@ private:
     void WorkerMain() noexcept;
     void AwaitWork(QueueLock &lock);
     void RetireWorker();
-    [[nodiscard]] bool AwaitEndOfOtherStop(QueueLock &lock);
     void FinishStop(QueueLock &lock);
     [[nodiscard]] bool IsOnWorkerThread() const;
 
@@ -172,8 +172,9 @@ private:
     std::condition_variable_any spaceAvailable_; // producers wait for room in pending_
     std::condition_variable_any drained_;        // flushes wait, and whoever waits for the end of another's stop
     std::thread worker_;
-    std::thread retiredWorker_;        // stopped by a sink of its own; ends by itself
-    std::uint32_t workerThreadId_ = 0; // the platform's, while the worker lives
+    std::thread retiredWorker_;        // stopped from within a sink; ends by itself
+    std::uint32_t workerThreadId_ = 0; // the platform's, until the worker's stop is over
+    bool processEnds_ = false;         // nobody would wait for another worker
 
     // ---- The outputs ----
 

@@ -32,19 +32,25 @@ void UnlockAndNotify(std::unique_lock<std::timed_mutex> &lock, std::condition_va
     }
 }
 
+// Without the lock: the thread's own objects may log when they go.
+void JoinUnlocked(std::unique_lock<std::timed_mutex> &lock, std::thread thread) {
+    lock.unlock();
+    if (thread.joinable()) {
+        thread.join();
+    }
+}
+
 } // namespace
 
 void Logger::StartWorker() {
-    const QueueLock lock(queueMutex_);
-    if (workerRunning_ || worker_.joinable()) {
+    QueueLock lock(queueMutex_);
+    if (workerRunning_ || worker_.joinable() || processEnds_) {
         return;
-    }
-    if (retiredWorker_.joinable()) {
-        retiredWorker_.join(); // it has left the lock for the last time
     }
     worker_ = std::thread(&Logger::WorkerMain, this); // where that fails nothing has changed
     workerRunning_ = true;
     stopRequested_ = false;
+    JoinUnlocked(lock, std::move(retiredWorker_));
 }
 
 bool Logger::IsWorkerRunning() const {
@@ -69,7 +75,6 @@ void Logger::WorkerMain() noexcept {
         isLast = stopRequested_;
         WritePending(lock, batch);
     }
-    workerThreadId_ = 0;
     if (retiredWorker_.joinable()) {
         FinishStop(lock);
     }
@@ -176,44 +181,28 @@ bool Logger::WriteStolen(const PackedRecords &stolen, Deadline deadline) noexcep
 
 void Logger::StopWorker() {
     QueueLock lock(queueMutex_);
-    if (IsOnWorkerThread()) {
+    if (IsOnWorkerThread() || outputs_.IsBeingWritten()) {
         return RetireWorker();
     }
-    if (!AwaitEndOfOtherStop(lock)) {
-        return;
-    }
+    drained_.wait(lock, [this] { return !stopRequested_; }); // the end of another thread's stop is this one's too
     if (!worker_.joinable()) {
-        std::thread retired = std::move(retiredWorker_);
-        lock.unlock();
-        if (retired.joinable()) {
-            retired.join();
-        }
-        return;
+        return JoinUnlocked(lock, std::move(retiredWorker_));
     }
     stopRequested_ = true;
     std::thread worker = std::move(worker_);
-    lock.unlock();
     workAvailable_.notify_all();
-    worker.join();
+    JoinUnlocked(lock, std::move(worker));
     lock.lock();
     FinishStop(lock);
 }
 
-// Needs the lock of the queue. The worker can't wait for its own end; it finishes the stop by itself.
+// Needs the lock of the queue. Whoever holds the outputs can't wait for the worker; it finishes the stop by itself.
 void Logger::RetireWorker() {
     if (worker_.joinable()) {
         stopRequested_ = true;
         retiredWorker_ = std::move(worker_);
+        workAvailable_.notify_all();
     }
-}
-
-// False where the wait would never end: a sink that is called by that very stop.
-bool Logger::AwaitEndOfOtherStop(QueueLock &lock) {
-    if (stopRequested_ && IsInSinkCall()) {
-        return false;
-    }
-    drained_.wait(lock, [this] { return !stopRequested_; });
-    return true;
 }
 
 // Needs the lock of the queue and gives it up. The worker has ended. Producers wait until the last batch is out, so
@@ -228,6 +217,7 @@ void Logger::FinishStop(QueueLock &lock) {
     workerRunning_ = false;
     stopRequested_ = false;
     finalDrain_ = false;
+    workerThreadId_ = 0; // not before: the thread's own objects may have logged when they went
     lock.unlock();
     spaceAvailable_.notify_all();
     drained_.notify_all();

@@ -31,6 +31,11 @@ LogRecordView PackedRecords::operator[](std::size_t index) const {
             .message = std::string_view(messages_).substr(begin, entry.messageEnd - begin)};
 }
 
+std::size_t PackedRecords::CountUpTo(std::uint64_t sequence) const {
+    const auto end = std::ranges::upper_bound(entries_, sequence, {}, &Entry::sequence);
+    return static_cast<std::size_t>(end - entries_.begin());
+}
+
 void PackedRecords::MakeRoom(std::size_t messageSize) {
     ReserveMore(entries_, 1);
     ReserveMore(messages_, messageSize);

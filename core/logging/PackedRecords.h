@@ -16,6 +16,10 @@ public:
     [[nodiscard]] std::size_t Size() const { return entries_.size(); }
     [[nodiscard]] std::uint64_t FirstSequence() const { return entries_.front().sequence; }
     [[nodiscard]] std::uint64_t LastSequence() const { return entries_.back().sequence; }
+    // Of all messages, in bytes.
+    [[nodiscard]] std::size_t TextSize() const { return messages_.size(); }
+    // How many have a sequence that isn't higher; they stand in the order of their sequences.
+    [[nodiscard]] std::size_t CountUpTo(std::uint64_t sequence) const;
     // Lives until the next change.
     [[nodiscard]] LogRecordView operator[](std::size_t index) const;
 

@@ -1,24 +1,34 @@
 #include "core/logging/RecordHistory.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 namespace ovrin {
 
 namespace {
 
-constexpr std::size_t chunkSize = 256; // records
+// Evicted records stay in memory until their whole chunk goes: a chunk of huge ones ends early.
+constexpr std::size_t chunkSize = 256;
+constexpr std::size_t chunkTextSize = std::size_t{64} << 10U;
+
+bool IsFull(const PackedRecords &chunk) {
+    return chunk.Size() == chunkSize || chunk.TextSize() >= chunkTextSize;
+}
 
 } // namespace
 
 LogRecordView RecordHistory::operator[](std::size_t index) const {
-    const std::size_t place = evicted_ + index;
-    return chunks_[place / chunkSize][place % chunkSize];
+    auto chunk = chunks_.begin();
+    std::size_t place = evicted_ + index;
+    while (place >= chunk->Size()) {
+        place -= chunk->Size();
+        ++chunk;
+    }
+    return (*chunk)[place];
 }
 
 void RecordHistory::MakeRoom(std::size_t messageSize) {
-    if (chunks_.empty() || chunks_.back().Size() == chunkSize) {
+    if (chunks_.empty() || IsFull(chunks_.back())) {
         chunks_.push_back(std::exchange(spare_, {}));
     }
     chunks_.back().MakeRoom(messageSize);
@@ -33,24 +43,20 @@ void RecordHistory::Append(const LogRecordView &record) noexcept {
 }
 
 void RecordHistory::CopyAfter(std::uint64_t sequence, std::vector<LogRecord> &records) const {
-    const std::size_t first = FirstAfter(sequence);
-    std::size_t place = records.size();
-    records.resize(records.size() + Size() - first);
-    for (std::size_t index = first; index < Size(); ++index) {
-        AssignRecord(records[place++], (*this)[index]);
+    std::size_t gone = evicted_; // at the first chunk's beginning
+    for (const PackedRecords &chunk : chunks_) {
+        for (std::size_t index = std::max(gone, chunk.CountUpTo(sequence)); index < chunk.Size(); ++index) {
+            AssignRecord(records.emplace_back(), chunk[index]);
+        }
+        gone = 0;
     }
-}
-
-std::size_t RecordHistory::FirstAfter(std::uint64_t sequence) const {
-    const auto indices = std::views::iota(std::size_t{0}, Size());
-    const auto sequenceAt = [this](std::size_t index) { return (*this)[index].sequence; };
-    return static_cast<std::size_t>(std::ranges::upper_bound(indices, sequence, {}, sequenceAt) - indices.begin());
 }
 
 void RecordHistory::EvictOldest() noexcept {
     --size_;
     ++evicted_;
-    if (evicted_ == chunkSize) {
+    // The last chunk is the one that the new record goes to.
+    if (evicted_ == chunks_.front().Size() && chunks_.size() > 1) {
         chunks_.front().Clear();
         spare_ = std::move(chunks_.front());
         chunks_.pop_front();

@@ -29,11 +29,10 @@ public:
     void CopyAfter(std::uint64_t sequence, std::vector<LogRecord> &records) const;
 
 private:
-    [[nodiscard]] std::size_t FirstAfter(std::uint64_t sequence) const;
     void EvictOldest() noexcept;
 
     std::uint64_t capacity_;
-    std::deque<PackedRecords> chunks_; // each is full but the last; the oldest goes when all its records are evicted
+    std::deque<PackedRecords> chunks_; // the oldest goes when all its records are evicted
     PackedRecords spare_;              // the memory of the chunk that went last
     std::size_t evicted_ = 0;          // from the first chunk
     std::size_t size_ = 0;

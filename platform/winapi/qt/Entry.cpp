@@ -26,8 +26,10 @@ void LeaveSilentlyWhenFatal(QtMsgType type, const QMessageLogContext & /*context
 
 int main(int /*argc*/, char *argv[]) {
     ovrin::SupplySessionVariables();
-    // A file-size limit comes back as an error of the write, not as the end of the process.
+    // A file-size limit, or a reader of the output that has gone, comes back as an error of the write, not as the end
+    // of the process.
     std::signal(SIGXFSZ, SIG_IGN);
+    std::signal(SIGPIPE, SIG_IGN);
 
     int programNameOnly = 1;
     char *arguments[] = {argv[0], nullptr};

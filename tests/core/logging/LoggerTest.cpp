@@ -133,6 +133,18 @@ TEST(LogSinks, ReachOnlyTheHistoryFromInsideWithoutAWorker) {
     EXPECT_EQ(logger.GetRecords().size(), 3U);
 }
 
+TEST(LogSinks, MayRunAnotherLoggerToItsEnd) {
+    const auto inner = std::make_shared<RecordingSink>();
+    Logger logger(Quiet());
+    logger.AddSink(std::make_shared<RecordingSink>([&inner](const LogRecord &) {
+        Logger other({.console = false, .startWorkerOnCreate = true});
+        other.AddSink(inner);
+        other.Log(LogLevel::Info, "inner");
+    }));
+    logger.Log(LogLevel::Info, "outer");
+    EXPECT_EQ(inner->Messages(), Texts{"inner"});
+}
+
 TEST(LogSinks, AreDroppedWhereTheyMayLog) {
     Logger logger(Quiet());
     struct Farewell : LogSink {
@@ -148,6 +160,7 @@ TEST(LogSinks, AreDroppedWhereTheyMayLog) {
     logger.AddSink(rest);
     logger.RemoveSink(logger.AddSink(std::make_shared<Farewell>(logger)));
     EXPECT_EQ(rest->Messages(), Texts{"farewell"});
+    logger.AddSink(std::make_shared<Farewell>(logger)); // and at the logger's own end
 }
 
 TEST(LogQueue, MakesProducersWaitForRoomAndLosesNothing) {
