@@ -27,8 +27,8 @@ void CallSink(const Call &call) {
 
 } // namespace
 
-std::uint64_t LogOutputs::AddSink(std::shared_ptr<LogSink> sink) {
-    sinks_.push_back({nextSinkId_, std::move(sink)});
+std::uint64_t LogOutputs::AddSink(const std::shared_ptr<LogSink> &sink) {
+    sinks_.push_back({nextSinkId_, sink});
     return nextSinkId_++;
 }
 
@@ -41,15 +41,6 @@ std::shared_ptr<LogSink> LogOutputs::RemoveSink(std::uint64_t id) {
     std::shared_ptr<LogSink> sink = std::move(entry->sink);
     sinks_.erase(entry);
     return sink;
-}
-
-std::vector<std::shared_ptr<LogSink>> LogOutputs::RemoveAllSinks() {
-    std::vector<std::shared_ptr<LogSink>> removed;
-    for (SinkEntry &entry : sinks_) {
-        removed.push_back(std::move(entry.sink));
-    }
-    sinks_.clear();
-    return removed;
 }
 
 void LogOutputs::WriteRecords(const PackedRecords &records) {

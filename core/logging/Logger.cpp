@@ -53,7 +53,7 @@ void Logger::EndAtProcessExit() noexcept {
 
 // While there is still a logger, since a sink may log when it goes.
 void Logger::DropSinks() {
-    std::vector<std::shared_ptr<LogSink>> dropped; // after the lock
+    LogOutputs::Sinks dropped; // after the lock
     const std::lock_guard lock(outputMutex_);
     dropped = outputs_.RemoveAllSinks();
 }
@@ -117,12 +117,12 @@ void Logger::WriteDirectly(const LogRecordView &record) {
     outputs_.Flush();
 }
 
-std::uint64_t Logger::AddSink(std::shared_ptr<LogSink> sink) {
+std::uint64_t Logger::AddSink(const std::shared_ptr<LogSink> &sink) {
     if (sink == nullptr) {
         return 0;
     }
     const std::lock_guard lock(outputMutex_);
-    return outputs_.AddSink(std::move(sink));
+    return outputs_.AddSink(sink);
 }
 
 void Logger::RemoveSink(std::uint64_t id) {
@@ -153,8 +153,9 @@ std::vector<std::string> Logger::GetRecentLines(std::uint64_t maxCount, std::int
         }
         const std::size_t count = std::min<std::uint64_t>(maxCount, history_.Size());
         for (std::size_t index = history_.Size() - count; index < history_.Size(); ++index) {
-            lines.emplace_back();
-            AppendRecordLine(lines.back(), history_[index]);
+            std::string line; // whole before it is seen
+            AppendRecordLine(line, history_[index]);
+            lines.push_back(std::move(line));
         }
     } catch (...) { // NOLINT(bugprone-empty-catch): what was collected so far is better than nothing
     }
@@ -162,9 +163,9 @@ std::vector<std::string> Logger::GetRecentLines(std::uint64_t maxCount, std::int
 }
 
 void Logger::ClearHistory() {
-    RecordHistory cleared(history_.Capacity()); // destroyed after the lock
+    std::deque<PackedRecords> cleared; // freed after the lock
     const QueueLock lock(queueMutex_);
-    std::swap(history_, cleared);
+    cleared = history_.Clear();
 }
 
 void Logger::Start(const std::string &prefix) {

@@ -73,7 +73,7 @@ public:
     // ---- Sinks: shared with the caller, served in the order of adding ----
 
     // Gives the sink's id, from 1; 0 for a null pointer, which isn't registered.
-    std::uint64_t AddSink(std::shared_ptr<LogSink> sink);
+    std::uint64_t AddSink(const std::shared_ptr<LogSink> &sink);
     // No call of the sink is running when this returns. An unknown id does nothing.
     void RemoveSink(std::uint64_t id);
 

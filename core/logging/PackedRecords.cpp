@@ -9,12 +9,14 @@ namespace {
 constexpr std::size_t keptBytesEach = 512;
 constexpr std::size_t keptBytesAtLeast = 4096;
 
-// As a vector grows by itself, but before anything has changed.
+constexpr std::size_t largestGrowth = std::size_t{4} << 20U;
+
+// Twice as much, as a vector grows by itself, but before anything has changed; one huge message isn't doubled.
 template<typename Container>
 void ReserveMore(Container &container, std::size_t count) {
     const std::size_t size = container.size() + count;
     if (size > container.capacity()) {
-        container.reserve(std::max(size, 2 * container.capacity()));
+        container.reserve(std::max(size, container.capacity() + std::min(container.capacity(), largestGrowth)));
     }
 }
 

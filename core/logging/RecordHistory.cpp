@@ -46,10 +46,20 @@ void RecordHistory::CopyAfter(std::uint64_t sequence, std::vector<LogRecord> &re
     std::size_t gone = evicted_; // at the first chunk's beginning
     for (const PackedRecords &chunk : chunks_) {
         for (std::size_t index = std::max(gone, chunk.CountUpTo(sequence)); index < chunk.Size(); ++index) {
-            AssignRecord(records.emplace_back(), chunk[index]);
+            LogRecord record; // whole before it is seen
+            AssignRecord(record, chunk[index]);
+            records.push_back(std::move(record));
         }
         gone = 0;
     }
+}
+
+std::deque<PackedRecords> RecordHistory::Clear() noexcept {
+    evicted_ = 0;
+    size_ = 0;
+    std::deque<PackedRecords> cleared;
+    cleared.swap(chunks_);
+    return cleared;
 }
 
 void RecordHistory::EvictOldest() noexcept {

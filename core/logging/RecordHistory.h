@@ -15,7 +15,6 @@ public:
     // At least 1.
     explicit RecordHistory(std::uint64_t capacity) : capacity_(capacity) {}
 
-    [[nodiscard]] std::uint64_t Capacity() const { return capacity_; }
     [[nodiscard]] std::size_t Size() const { return size_; }
     // The oldest is 0. Lives until the next change.
     [[nodiscard]] LogRecordView operator[](std::size_t index) const;
@@ -27,6 +26,9 @@ public:
 
     // Appends copies of those whose sequence is higher; they stand in the order of their sequences.
     void CopyAfter(std::uint64_t sequence, std::vector<LogRecord> &records) const;
+
+    // Empties it. Gives its memory, for whoever frees it without the lock.
+    [[nodiscard]] std::deque<PackedRecords> Clear() noexcept;
 
 private:
     void EvictOldest() noexcept;

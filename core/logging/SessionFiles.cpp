@@ -40,14 +40,12 @@ std::string SanitizeFilePrefix(std::string text) {
 void SessionFiles::Open(const std::string &title, const std::filesystem::path &directory) {
     try {
         OpenFiles(title, directory);
+        Write(Banner(title));
+        Flush();
     } catch (...) {
         Close();
         sessionPath_.clear();
         latestPath_.clear();
-    }
-    if (IsOpen()) {
-        Write(Banner(title));
-        Flush();
     }
 }
 

@@ -26,9 +26,15 @@ UINT FileCodePage() {
     return AreFileApisANSI() != 0 ? GetACP() : GetOEMCP();
 }
 
+// It holds every character, and the conversion takes no flags.
+bool IsUnicode(UINT codePage) {
+    constexpr UINT gb18030 = 54936;
+    return codePage == CP_UTF8 || codePage == gb18030;
+}
+
 std::string ToFileCodePage(WideTextView text, BOOL *replaced) {
     // A character of its own or none: one that only looks alike would name another file.
-    const DWORD flags = FileCodePage() == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS;
+    const DWORD flags = IsUnicode(FileCodePage()) ? 0 : WC_NO_BEST_FIT_CHARS;
     const auto convert = [text, flags, replaced](char *buffer, int size) {
         return WideCharToMultiByte(FileCodePage(), flags, text.data(), static_cast<int>(text.size()), buffer, size,
                                    nullptr, replaced);
@@ -73,9 +79,9 @@ WideText WideFromPathLenient(const std::filesystem::path &path) {
 
 std::string NarrowFromPath(const std::filesystem::path &path) {
     BOOL replaced = FALSE;
-    std::string narrow = ToFileCodePage(path.native(), FileCodePage() == CP_UTF8 ? nullptr : &replaced);
-    const bool isText = FileCodePage() != CP_UTF8 || Utf8ToWide(narrow) == path.native();
-    if (replaced != FALSE || !isText) {
+    std::string narrow = ToFileCodePage(path.native(), IsUnicode(FileCodePage()) ? nullptr : &replaced);
+    // A lone surrogate becomes another character without a word.
+    if (replaced != FALSE || PathFromNarrow(narrow).native() != path.native()) {
         RaiseNotConvertible("narrow text from path");
     }
     return narrow;

@@ -161,41 +161,6 @@ TEST(LogStop, FromTheWorkersOwnThreadEndsInDirectMode) {
     gated.gate.Open(); // the destructor waits for the end that the sink asks for
 }
 
-// What a thread keeps for itself goes after its last line of code, and may log when it does.
-TEST(LogStop, WaitsForAWorkerWhoseOwnObjectsLogWhenTheyGo) {
-    struct Farewell {
-        Farewell() = default;
-        Farewell(const Farewell &) = delete;
-        Farewell &operator=(const Farewell &) = delete;
-        ~Farewell() {
-            if (logger != nullptr) {
-                logger->Log(LogLevel::Info, "fills the queue");
-                logger->Log(LogLevel::Fatal, "farewell");
-            }
-        }
-        Logger *logger = nullptr;
-    };
-    for (const bool stopsItself : {false, true}) {
-        Logger *logger = nullptr;
-        GatedLogger gated(1, [&](const LogRecord &record) {
-            static thread_local Farewell farewell;
-            if (record.message == "stop") {
-                farewell.logger = logger;
-                if (stopsItself) {
-                    logger->StopWorker();
-                }
-            }
-        });
-        logger = &gated.logger;
-        gated.StallWorker();
-        gated.gate.Open();
-        gated.logger.StopWorker();
-        EXPECT_EQ(gated.sink->Messages(), (Texts{"stop", "fills the queue", "farewell"}));
-        gated.logger.StartWorker();
-        EXPECT_TRUE(gated.logger.IsWorkerRunning());
-    }
-}
-
 // A sink on the logging thread holds the outputs for which a worker that was started meanwhile waits.
 TEST(LogStop, FromASinkOfTheDirectRoadDoesNotWaitForTheWorker) {
     Logger logger({.console = false});

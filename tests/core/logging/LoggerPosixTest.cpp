@@ -59,6 +59,42 @@ TEST(LogWorker, ShowsItsName) {
     EXPECT_STREQ(name.c_str(), "Ovrin Log Sink");
 }
 
+// What a thread keeps for itself goes after its last line of code, and may log when it does. (With
+// MinGW its memory goes first.)
+TEST(LogStop, WaitsForAWorkerWhoseOwnObjectsLogWhenTheyGo) {
+    struct Farewell {
+        Farewell() = default;
+        Farewell(const Farewell &) = delete;
+        Farewell &operator=(const Farewell &) = delete;
+        ~Farewell() {
+            if (logger != nullptr) {
+                logger->Log(LogLevel::Info, "fills the queue");
+                logger->Log(LogLevel::Fatal, "farewell");
+            }
+        }
+        Logger *logger = nullptr;
+    };
+    for (const bool stopsItself : {false, true}) {
+        Logger *logger = nullptr;
+        GatedLogger gated(1, [&](const LogRecord &record) {
+            static thread_local Farewell farewell;
+            if (record.message == "stop") {
+                farewell.logger = logger;
+                if (stopsItself) {
+                    logger->StopWorker();
+                }
+            }
+        });
+        logger = &gated.logger;
+        gated.StallWorker();
+        gated.gate.Open();
+        gated.logger.StopWorker();
+        EXPECT_EQ(gated.sink->Messages(), (Texts{"stop", "fills the queue", "farewell"}));
+        gated.logger.StartWorker();
+        EXPECT_TRUE(gated.logger.IsWorkerRunning());
+    }
+}
+
 TEST(SessionFiles, AreNotInheritedByAStartedProgram) {
     const TemporaryFolder folder;
     Logger logger({.console = false});
