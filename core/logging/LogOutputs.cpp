@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <new>
 
 namespace ovrin {
 
@@ -61,11 +62,15 @@ void LogOutputs::WriteRecord(const LogRecordView &record) {
 
 void LogOutputs::AddToBatch(const LogRecordView &record) {
     const std::size_t begin = batch_.size();
-    AppendRecordLine(batch_, record);
-    if (!sinks_.empty()) {
-        WriteToSinks(record, std::string_view(batch_).substr(begin));
+    try {
+        AppendRecordLine(batch_, record);
+        if (!sinks_.empty()) {
+            WriteToSinks(record, std::string_view(batch_).substr(begin));
+        }
+        batch_.push_back('\n');
+    } catch (const std::bad_alloc &) { // the others of the batch are written all the same
+        batch_.resize(begin);
     }
-    batch_.push_back('\n');
 }
 
 void LogOutputs::WriteToSinks(const LogRecordView &record, std::string_view line) {

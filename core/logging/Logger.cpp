@@ -19,7 +19,12 @@ Logger &Logger::Instance() {
     // Its storage is never given back: static objects log until the very end.
     static Logger *const logger = [] {
         auto *const made = new Logger(LoggerConfig{}); // NOLINT(cppcoreguidelines-owning-memory): see above
-        static_cast<void>(std::atexit([] { Instance().EndAtProcessExit(); }));
+        static_cast<void>(std::atexit([] {
+            // A sink that ends the process holds the outputs for good.
+            if (!Instance().outputs_.IsBeingWritten()) {
+                Instance().End();
+            }
+        }));
         return made;
     }();
     return *logger;
@@ -34,25 +39,16 @@ Logger::Logger(const LoggerConfig &config)
 }
 
 Logger::~Logger() {
-    Shutdown();
-    DropSinks();
+    End();
 }
 
-void Logger::EndAtProcessExit() noexcept {
-    // A sink that ends the process holds the outputs for good.
-    if (outputs_.IsBeingWritten()) {
-        return;
-    }
+// The sinks go while there is still a logger, since they may use it once more.
+void Logger::End() {
     {
         const QueueLock lock(queueMutex_);
-        processEnds_ = true;
+        ends_ = true;
     }
     Shutdown();
-    DropSinks();
-}
-
-// While there is still a logger, since a sink may log when it goes.
-void Logger::DropSinks() {
     LogOutputs::Sinks dropped; // after the lock
     const std::lock_guard lock(outputMutex_);
     dropped = outputs_.RemoveAllSinks();
@@ -152,11 +148,11 @@ std::vector<std::string> Logger::GetRecentLines(std::uint64_t maxCount, std::int
             return lines;
         }
         const std::size_t count = std::min<std::uint64_t>(maxCount, history_.Size());
-        for (std::size_t index = history_.Size() - count; index < history_.Size(); ++index) {
+        history_.ForEach(history_.Size() - count, [&lines](const LogRecordView &record) {
             std::string line; // whole before it is seen
-            AppendRecordLine(line, history_[index]);
+            AppendRecordLine(line, record);
             lines.push_back(std::move(line));
-        }
+        });
     } catch (...) { // NOLINT(bugprone-empty-catch): what was collected so far is better than nothing
     }
     return lines;
@@ -182,7 +178,7 @@ void Logger::Start(const std::string &prefix, const std::filesystem::path &logDi
         const std::lock_guard lock(outputMutex_);
         SessionFiles &files = outputs_.Files();
         if (!files.IsOpen() && !logDirectory.empty()) {
-            files.Open(prefix.empty() ? "OvrinEngine" : prefix, logDirectory);
+            files.Open(prefix.empty() ? std::string(defaultLogTitle) : prefix, logDirectory);
         }
     }
     ApplyEnvironment();

@@ -61,8 +61,8 @@ public:
     // ---- Logging ----
 
     // Below the threshold the message isn't even copied. With a worker the record is queued, and the call waits only
-    // while the queue is full; without one it is written and flushed before the call returns. A Fatal record has always
-    // been written and flushed by then; it has no other effect. Raises nothing.
+    // while the queue is full; without one it is written and flushed before the call returns. A Fatal record waits for
+    // the worker as by Flush; it has no other effect. Raises nothing.
     void Log(LogCategory category, LogLevel level, std::string_view message) noexcept {
         if (ShouldLog(category, level)) {
             Accept(category, level, message);
@@ -110,9 +110,10 @@ public:
     // worker it flushes the outputs. Inside a sink it returns at once.
     void Flush();
 
-    // The same within `timeoutMs` milliseconds: where the worker doesn't get through, the caller writes what is queued
-    // by itself. False where it ran out of time; what it had taken from the queue by then is in the history only. For a
-    // crash handler: raises nothing. Inside a sink it runs out of time.
+    // Waits no longer than `timeoutMs` milliseconds for the worker and the locks, and writes by itself what is queued
+    // then; a batch that the worker holds may still be in its hands. False where a lock wasn't free in time: what the
+    // call had taken from the queue is in the history only. For a crash handler: raises nothing. Inside a sink it runs
+    // out of time.
     [[nodiscard]] bool FlushFor(std::int64_t timeoutMs) noexcept;
 
     // Ends the worker after everything queued is written; records then go out on the logging thread again. Inside a
@@ -128,8 +129,7 @@ private:
     using QueueLock = std::unique_lock<std::timed_mutex>;
     static constexpr std::size_t cacheLine = 64;
 
-    void EndAtProcessExit() noexcept;
-    void DropSinks();
+    void End();
     void ApplyEnvironment();
 
     // The road of one record.
@@ -147,6 +147,8 @@ private:
     void WorkerMain() noexcept;
     void AwaitWork(QueueLock &lock);
     void RetireWorker();
+    void JoinRetired(QueueLock &lock);
+    void AwaitEndOfOtherStop(QueueLock &lock);
     void FinishStop(QueueLock &lock);
     [[nodiscard]] bool IsOnWorkerThread() const;
 
@@ -166,15 +168,15 @@ private:
     std::uint32_t producersWaiting_ = 0;
     PackedRecords pending_; // for the worker, oldest first
     RecordHistory history_;
-    std::uint32_t flushesWaiting_ = 0;
+    std::uint32_t drainedWaiters_ = 0;
     WrittenSequence written_;
     std::condition_variable_any workAvailable_;  // the worker waits
     std::condition_variable_any spaceAvailable_; // producers wait for room in pending_
     std::condition_variable_any drained_;        // flushes wait, and whoever waits for the end of another's stop
     std::thread worker_;
-    std::thread retiredWorker_;        // stopped from within a sink; ends by itself
-    std::uint32_t workerThreadId_ = 0; // the platform's, until the worker's stop is over
-    bool processEnds_ = false;         // nobody would wait for another worker
+    std::vector<std::thread> retiredWorkers_; // stopped from within a sink; they end by themselves
+    std::uint32_t workerThreadId_ = 0;        // the platform's, until the worker's stop is over
+    bool ends_ = false;                       // nobody would wait for another worker
 
     // ---- The outputs ----
 

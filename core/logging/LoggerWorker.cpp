@@ -5,6 +5,7 @@
 #include "core/logging/TimedLock.h"
 #include "platform/winapi/WinApi.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace ovrin {
@@ -32,25 +33,21 @@ void UnlockAndNotify(std::unique_lock<std::timed_mutex> &lock, std::condition_va
     }
 }
 
-// Without the lock: the thread's own objects may log when they go.
-void JoinUnlocked(std::unique_lock<std::timed_mutex> &lock, std::thread thread) {
-    lock.unlock();
-    if (thread.joinable()) {
-        thread.join();
-    }
+bool IsCallingThread(const std::thread &thread) {
+    return thread.get_id() == std::this_thread::get_id();
 }
 
 } // namespace
 
 void Logger::StartWorker() {
     QueueLock lock(queueMutex_);
-    if (workerRunning_ || worker_.joinable() || processEnds_) {
+    if (workerRunning_ || worker_.joinable() || ends_) {
         return;
     }
     worker_ = std::thread(&Logger::WorkerMain, this); // where that fails nothing has changed
     workerRunning_ = true;
     stopRequested_ = false;
-    JoinUnlocked(lock, std::move(retiredWorker_));
+    JoinRetired(lock);
 }
 
 bool Logger::IsWorkerRunning() const {
@@ -75,7 +72,7 @@ void Logger::WorkerMain() noexcept {
         isLast = stopRequested_;
         WritePending(lock, batch);
     }
-    if (retiredWorker_.joinable()) {
+    if (std::ranges::any_of(retiredWorkers_, IsCallingThread)) {
         FinishStop(lock);
     }
 }
@@ -106,8 +103,8 @@ void Logger::WritePending(QueueLock &lock, PackedRecords &batch) noexcept {
     batch.Clear();
     LockSpinning(lock);
     written_.Finish(first, last);
-    if (flushesWaiting_ > 0) {
-        UnlockAndNotify(lock, drained_, flushesWaiting_);
+    if (drainedWaiters_ > 0) {
+        UnlockAndNotify(lock, drained_, drainedWaiters_);
         LockSpinning(lock);
     }
 }
@@ -125,7 +122,7 @@ void Logger::Flush() {
     }
     QueueLock lock(queueMutex_);
     if (workerRunning_ && !IsOnWorkerThread()) {
-        const WaitingScope waiting(flushesWaiting_);
+        const WaitingScope waiting(drainedWaiters_);
         drained_.wait(lock,
                       [this, target = lastQueuedSequence_] { return written_.Value() >= target || !workerRunning_; });
         return;
@@ -146,10 +143,11 @@ bool Logger::FlushFor(std::int64_t timeoutMs) noexcept {
         const std::uint64_t target = lastQueuedSequence_;
         const auto isWritten = [this, target] { return written_.Value() >= target; };
         if (workerRunning_ && worker_.joinable() && !IsOnWorkerThread()) {
-            const WaitingScope waiting(flushesWaiting_);
+            const WaitingScope waiting(drainedWaiters_);
             drained_.wait_until(lock, deadline, isWritten);
         }
         if (!isWritten() && !pending_.IsEmpty()) {
+            written_.MakeRoom();
             TakePending(stolen);
         }
         UnlockAndNotify(lock, spaceAvailable_, producersWaiting_);
@@ -157,7 +155,7 @@ bool Logger::FlushFor(std::int64_t timeoutMs) noexcept {
         if (!stolen.IsEmpty()) {
             lock.lock();
             written_.Finish(stolen.FirstSequence(), stolen.LastSequence());
-            UnlockAndNotify(lock, drained_, flushesWaiting_);
+            UnlockAndNotify(lock, drained_, drainedWaiters_);
         }
         return flushed;
     } catch (...) {
@@ -184,14 +182,15 @@ void Logger::StopWorker() {
     if (IsOnWorkerThread() || outputs_.IsBeingWritten()) {
         return RetireWorker();
     }
-    drained_.wait(lock, [this] { return !stopRequested_; }); // the end of another thread's stop is this one's too
+    AwaitEndOfOtherStop(lock);
     if (!worker_.joinable()) {
-        return JoinUnlocked(lock, std::move(retiredWorker_));
+        return JoinRetired(lock);
     }
     stopRequested_ = true;
     std::thread worker = std::move(worker_);
+    lock.unlock();
     workAvailable_.notify_all();
-    JoinUnlocked(lock, std::move(worker));
+    worker.join();
     lock.lock();
     FinishStop(lock);
 }
@@ -199,10 +198,28 @@ void Logger::StopWorker() {
 // Needs the lock of the queue. Whoever holds the outputs can't wait for the worker; it finishes the stop by itself.
 void Logger::RetireWorker() {
     if (worker_.joinable()) {
+        retiredWorkers_.push_back(std::move(worker_));
         stopRequested_ = true;
-        retiredWorker_ = std::move(worker_);
         workAvailable_.notify_all();
     }
+}
+
+// Needs the lock of the queue and gives it up: a thread's own objects may log when they go. Who holds the outputs
+// leaves it to a later call, as does a retired worker's own object.
+void Logger::JoinRetired(QueueLock &lock) {
+    std::vector<std::thread> ended;
+    if (!outputs_.IsBeingWritten() && std::ranges::none_of(retiredWorkers_, IsCallingThread)) {
+        ended.swap(retiredWorkers_);
+    }
+    lock.unlock();
+    for (std::thread &each : ended) {
+        each.join();
+    }
+}
+
+void Logger::AwaitEndOfOtherStop(QueueLock &lock) {
+    const WaitingScope waiting(drainedWaiters_);
+    drained_.wait(lock, [this] { return !stopRequested_; });
 }
 
 // Needs the lock of the queue and gives it up. The worker has ended. Producers wait until the last batch is out, so

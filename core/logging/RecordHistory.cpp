@@ -17,16 +17,6 @@ bool IsFull(const PackedRecords &chunk) {
 
 } // namespace
 
-LogRecordView RecordHistory::operator[](std::size_t index) const {
-    auto chunk = chunks_.begin();
-    std::size_t place = evicted_ + index;
-    while (place >= chunk->Size()) {
-        place -= chunk->Size();
-        ++chunk;
-    }
-    return (*chunk)[place];
-}
-
 void RecordHistory::MakeRoom(std::size_t messageSize) {
     if (chunks_.empty() || IsFull(chunks_.back())) {
         chunks_.push_back(std::exchange(spare_, {}));
@@ -43,15 +33,15 @@ void RecordHistory::Append(const LogRecordView &record) noexcept {
 }
 
 void RecordHistory::CopyAfter(std::uint64_t sequence, std::vector<LogRecord> &records) const {
-    std::size_t gone = evicted_; // at the first chunk's beginning
+    std::size_t known = 0;
     for (const PackedRecords &chunk : chunks_) {
-        for (std::size_t index = std::max(gone, chunk.CountUpTo(sequence)); index < chunk.Size(); ++index) {
-            LogRecord record; // whole before it is seen
-            AssignRecord(record, chunk[index]);
-            records.push_back(std::move(record));
-        }
-        gone = 0;
+        known += chunk.CountUpTo(sequence);
     }
+    ForEach(std::max(known, evicted_) - evicted_, [&records](const LogRecordView &view) {
+        LogRecord record; // whole before it is seen
+        AssignRecord(record, view);
+        records.push_back(std::move(record));
+    });
 }
 
 std::deque<PackedRecords> RecordHistory::Clear() noexcept {

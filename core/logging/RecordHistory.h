@@ -16,8 +16,17 @@ public:
     explicit RecordHistory(std::uint64_t capacity) : capacity_(capacity) {}
 
     [[nodiscard]] std::size_t Size() const { return size_; }
-    // The oldest is 0. Lives until the next change.
-    [[nodiscard]] LogRecordView operator[](std::size_t index) const;
+    // All but the oldest `skip`, in order.
+    template<typename Visit>
+    void ForEach(std::size_t skip, const Visit &visit) const {
+        std::size_t place = evicted_ + skip;
+        for (const PackedRecords &chunk : chunks_) {
+            for (; place < chunk.Size(); ++place) {
+                visit(chunk[place]);
+            }
+            place -= chunk.Size();
+        }
+    }
 
     // Room for one more: the next Append raises nothing.
     void MakeRoom(std::size_t messageSize);

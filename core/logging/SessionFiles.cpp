@@ -34,7 +34,7 @@ void FlushFile(std::FILE *file) {
 std::string SanitizeFilePrefix(std::string text) {
     std::replace_if(
         text.begin(), text.end(), [](char byte) { return !IsSafe(byte); }, '_');
-    return text.empty() ? "OvrinEngine" : text;
+    return text.empty() ? std::string(defaultLogTitle) : text;
 }
 
 void SessionFiles::Open(const std::string &title, const std::filesystem::path &directory) {

@@ -10,7 +10,9 @@
 
 namespace ovrin {
 
-// Every byte but ASCII letters, digits, "-" and "_" becomes "_"; an empty text becomes "OvrinEngine".
+constexpr std::string_view defaultLogTitle = "OvrinEngine";
+
+// Every byte but ASCII letters, digits, "-" and "_" becomes "_"; an empty text becomes the default title.
 [[nodiscard]] std::string SanitizeFilePrefix(std::string text);
 
 class SessionFiles {

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -12,10 +11,13 @@ namespace ovrin {
 
 class WrittenSequence {
 public:
-    WrittenSequence() { unfinished_.reserve(usualBatches); }
+    WrittenSequence() { MakeRoom(); }
 
     // Every queued record up to and including it is written, or has been given up. Only rises.
     [[nodiscard]] std::uint64_t Value() const { return value_; }
+
+    // Room for the caller's batch and for the worker's: Begin then raises nothing for either.
+    void MakeRoom() { unfinished_.reserve(unfinished_.size() + 2); }
 
     // A batch that begins with this sequence has left the queue.
     void Begin(std::uint64_t first) { unfinished_.push_back(first); }
@@ -29,8 +31,6 @@ public:
     }
 
 private:
-    static constexpr std::size_t usualBatches = 8; // so that the worker's own needs no memory
-
     std::vector<std::uint64_t> unfinished_; // first sequences: the worker's batch and those of time-limited flushes
     std::uint64_t finished_ = 0;            // the highest of any finished batch
     std::uint64_t value_ = 0;

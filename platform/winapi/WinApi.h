@@ -27,7 +27,7 @@ using std::min;
 #include <gdiplus.h>
 
 // What is younger than MinGW's headers.
-extern "C" HRESULT WINAPI SetThreadDescription(HANDLE thread, PCWSTR description);
+extern "C" WINBASEAPI HRESULT WINAPI SetThreadDescription(HANDLE thread, PCWSTR description);
 #ifndef DWMWA_USE_IMMERSIVE_DARK_MODE
 #define DWMWA_USE_IMMERSIVE_DARK_MODE 20
 #endif

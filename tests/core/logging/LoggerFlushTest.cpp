@@ -51,12 +51,12 @@ TEST(LogFlush, WithALimitGivesUpOnAStalledWorkerAndHoldsNobodyElseUp) {
         gated.logger.Flush();
         EXPECT_GE(gated.sink->FlushedCount(), 1U) << "released before the older record was written";
     });
-    WaitUntil([&] { return Access::FlushesWaiting(gated.logger) == 1; });
+    WaitUntil([&] { return Access::DrainedWaiters(gated.logger) == 1; });
 
     EXPECT_FALSE(gated.logger.FlushFor(1));
     producer.join(); // the room that the flush made
     EXPECT_EQ(Access::Written(gated.logger), 0U);
-    EXPECT_EQ(Access::FlushesWaiting(gated.logger), 1U);
+    EXPECT_EQ(Access::DrainedWaiters(gated.logger), 1U);
     gated.gate.Open();
     flush.join();
     gated.logger.Flush();
@@ -86,9 +86,10 @@ TEST(LogStop, WritesEverythingExactlyOnce) {
     std::thread producer([&gated] { gated.Log("waits for room"); });
     WaitUntil([&] { return Access::ProducersWaiting(gated.logger) == 1; });
     std::thread flush([&gated] { gated.logger.Flush(); });
-    WaitUntil([&] { return Access::FlushesWaiting(gated.logger) == 1; });
+    WaitUntil([&] { return Access::DrainedWaiters(gated.logger) == 1; });
     gated.logger.StartWorker(); // too early: there is one
     std::thread shutdown([&gated] { gated.logger.Shutdown(); });
+    WaitUntil([&] { return Access::DrainedWaiters(gated.logger) == 2; });
 
     gated.gate.Open();
     for (std::thread *each : {&stop, &producer, &flush, &shutdown}) {
@@ -103,8 +104,9 @@ TEST(LogStop, WritesEverythingExactlyOnce) {
 
 // The worker's last batch is out with the sink inside it when more comes: that is the final drain's, on the thread that
 // stops, and the sink logs again from there.
-TEST(LogStop, LetsASinkLogDuringTheFinalDrain) {
+TEST(LogStop, LetsASinkLogDuringTheFinalDrainAndNobodyElse) {
     Gate last;
+    Gate drain;
     Logger *logger = nullptr;
     std::atomic<std::size_t> readInside = 0;
     GatedLogger gated(1, [&](const LogRecord &record) {
@@ -114,6 +116,7 @@ TEST(LogStop, LetsASinkLogDuringTheFinalDrain) {
             logger->Log(LogLevel::Fatal, "from the sink");
             logger->StopWorker(); // its own stop: returns at once
             readInside = logger->GetRecords().size();
+            drain.Stop();
         }
     });
     logger = &gated.logger;
@@ -129,11 +132,18 @@ TEST(LogStop, LetsASinkLogDuringTheFinalDrain) {
     last.AwaitArrival();
     gated.Log("drained");
     last.Open();
+    drain.AwaitArrival();
+    std::thread late([&gated] { gated.Log("late"); });
+    WaitUntil([&] { return Access::ProducersWaiting(gated.logger) == 1; });
+    drain.Open();
     stop.join();
-    EXPECT_EQ(gated.sink->Messages(), (Texts{"stop", "last of the worker", "drained", "from the sink"}));
-    EXPECT_EQ(gated.sink->Threads()[2], stopThread);
-    EXPECT_EQ(gated.sink->Threads()[3], stopThread);
-    EXPECT_EQ(gated.sink->FlushedCount(), 4U);
+    late.join();
+    EXPECT_EQ(gated.sink->Messages(), (Texts{"stop", "last of the worker", "drained", "from the sink", "late"}));
+    const auto threads = gated.sink->Threads();
+    EXPECT_EQ(threads[2], stopThread);
+    EXPECT_EQ(threads[3], stopThread);
+    EXPECT_NE(threads[4], stopThread); // its own, on the direct road
+    EXPECT_EQ(gated.sink->FlushedCount(), 5U);
     EXPECT_EQ(readInside, 4U);
 }
 
@@ -169,6 +179,7 @@ TEST(LogStop, FromASinkOfTheDirectRoadDoesNotWaitForTheWorker) {
             logger.StartWorker();
             std::thread([&logger] { logger.Log(LogLevel::Info, "queued"); }).join();
             logger.StopWorker();
+            logger.StartWorker(); // too early again
         }
     });
     logger.AddSink(sink);

@@ -76,7 +76,7 @@ TEST(Logger, KeepsTheLastRecordsForItsReaders) {
 TEST(Logger, GivesNoLinesWhileTheLockIsHeld) {
     Logger logger(Quiet());
     logger.Log(LogLevel::Info, "text");
-    const auto lock = LoggerTestAccess::LockOfQueue(logger);
+    auto lock = LoggerTestAccess::LockOfQueue(logger);
     Texts lines{"untouched"};
     bool flushed = true;
     std::thread([&] {
@@ -85,6 +85,21 @@ TEST(Logger, GivesNoLinesWhileTheLockIsHeld) {
     }).join();
     EXPECT_TRUE(lines.empty());
     EXPECT_FALSE(flushed);
+
+    std::binary_semaphore begun{0};
+    std::thread patient([&] {
+        begun.release();
+        lines = logger.GetRecentLines(1, std::numeric_limits<std::int64_t>::max());
+        flushed = logger.FlushFor(std::numeric_limits<std::int64_t>::max());
+    });
+    begun.acquire();
+    for (int turn = 0; turn < 1000; ++turn) {
+        std::this_thread::yield(); // so that it meets the lock held, most likely
+    }
+    lock.unlock();
+    patient.join();
+    EXPECT_EQ(lines.size(), 1U);
+    EXPECT_TRUE(flushed);
 }
 
 TEST(Logger, TakesACapacityOfZeroAsOne) {
@@ -198,7 +213,7 @@ TEST(LogQueue, HasWrittenAndFlushedAFatalRecordWhenLogReturns) {
     GatedLogger gated;
     gated.Log("before");
     gated.logger.Log(LogLevel::Fatal, "fatal");
-    EXPECT_EQ(gated.sink->FlushedCount(), 2U);
+    ASSERT_EQ(gated.sink->FlushedCount(), 2U);
     EXPECT_NE(gated.sink->Threads().back(), CurrentThreadLogId());
     gated.logger.StartWorker();
     gated.Log("goes on");

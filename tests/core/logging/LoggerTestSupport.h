@@ -24,8 +24,8 @@ struct LoggerTestAccess {
     static auto ProducersWaiting(Logger &logger) {
         return Under(logger, [](Logger &each) { return each.producersWaiting_; });
     }
-    static auto FlushesWaiting(Logger &logger) {
-        return Under(logger, [](Logger &each) { return each.flushesWaiting_; });
+    static auto DrainedWaiters(Logger &logger) {
+        return Under(logger, [](Logger &each) { return each.drainedWaiters_; });
     }
     static auto Written(Logger &logger) {
         return Under(logger, [](Logger &each) { return each.written_.Value(); });

@@ -104,7 +104,7 @@ TEST(SessionFiles, ThatCannotBeMadeLeaveTheLoggerRunning) {
     folder.Make("file");
     folder.Make("taken/x.latest.log/");
     const Case cases[] = {
-        {"no directory", "x", "", false, false},
+        {"no directory: the path stays", "x", "", true, false},
         {"a file as directory", "x", folder.Path() / "file", false, false},
         {"a file above it", "x", folder.Path() / "file" / "logs", false, false},
         {"missing folders are made", "x", folder.Path() / "a" / "b", true, true},
@@ -114,6 +114,8 @@ TEST(SessionFiles, ThatCannotBeMadeLeaveTheLoggerRunning) {
     const EnvironmentScope levels("OVRIN_LOG_LEVELS", WIDE("Render=Trace"));
     for (const Case &each : cases) {
         Logger logger({.console = false});
+        logger.Start("before", folder.Path());
+        logger.Shutdown();
         logger.Start(each.prefix, each.directory);
         EXPECT_TRUE(logger.IsWorkerRunning()) << each.label;
         EXPECT_EQ(logger.GetLevel(LogCategory::Render), LogLevel::Trace) << each.label;
