@@ -1,5 +1,7 @@
 #include "examples/editor/Editor.h"
 
+#include "core/recent/RecentProjectStore.h"
+
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
@@ -35,6 +37,21 @@ Options ParseOptions(const std::vector<NativeText> &arguments) {
     return options;
 }
 
+// As many as the launcher shows.
+constexpr std::uint64_t recentLimit = 16;
+
+// A project that the list can't take is open all the same.
+void Record(const std::filesystem::path &file, const std::string &name) {
+    try {
+        if (RecentProjectStore::RecordRecentProject(file, name, recentLimit)) {
+            return;
+        }
+    } catch (const std::system_error &error) {
+        std::cerr << "OvrinEditor: " << error.what() << '\n';
+    }
+    std::cerr << "OvrinEditor: Can't record " << ToUtf8(file.native()) << " as a recent project\n";
+}
+
 void CreateProject(const Options &options) {
     const std::filesystem::path file = options.at("--create-project");
     if (std::filesystem::exists(file)) {
@@ -46,6 +63,7 @@ void CreateProject(const Options &options) {
     if (!stream.flush()) {
         throw std::runtime_error("Can't write " + ToUtf8(file.native()));
     }
+    Record(file, ToUtf8(options.at("--project-name")));
 }
 
 void OpenProject(const Options &options) {
@@ -53,6 +71,7 @@ void OpenProject(const Options &options) {
     if (!std::filesystem::is_regular_file(file)) {
         throw std::runtime_error("There is no project file " + ToUtf8(file.native()));
     }
+    Record(file, ToUtf8(file.stem().native()));
 }
 
 std::string DoWhatIsAsked(const std::vector<NativeText> &arguments) {

@@ -1,7 +1,11 @@
 #include "launcher/workflows/OpenProject.h"
 
-#include "core/paths/FileStatus.h"
+#include "core/recent/RecentProjectStore.h"
 #include "launcher/workflows/EditorLaunch.h"
+#include "launcher/workflows/ProjectPresence.h"
+#include "launcher/workflows/RecentListView.h"
+
+#include <exception>
 
 namespace ovrin {
 
@@ -12,15 +16,17 @@ constexpr LauncherMessage nothingSelected{WIDE("No Project Selected"), WIDE("Sel
 constexpr LauncherMessage projectMissing{WIDE("Project Missing"), WIDE("The selected project file no longer exists."),
                                          MB_ICONWARNING};
 
-} // namespace
+constexpr std::uint64_t keptProjects = 12; // where one was found gone
 
-bool IsProjectPresent(const std::filesystem::path &path) {
+void ForgetProject(const std::filesystem::path &path, LauncherState &state) {
     try {
-        return !path.empty() && PathExists(path);
-    } catch (const std::filesystem::filesystem_error &) {
-        return true;
+        RecentProjectStore::RemoveRecentProject(path, keptProjects);
+        ReloadRecentProjects(state);
+    } catch (const std::exception &) { // NOLINT(bugprone-empty-catch): the settings folder has gone too; the list stays
     }
 }
+
+} // namespace
 
 bool OpenProjectFile(HWND window, const std::filesystem::path &path) {
     if (!IsProjectPresent(path)) {
@@ -40,6 +46,8 @@ void OpenSelectedProject(HWND window, LauncherState &state) {
     const std::filesystem::path path = state.recentProjects[static_cast<std::size_t>(row)].path;
     if (OpenProjectFile(window, path)) {
         DestroyWindow(window);
+    } else if (!IsProjectPresent(path)) {
+        ForgetProject(path, state);
     }
 }
 

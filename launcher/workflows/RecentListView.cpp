@@ -1,14 +1,30 @@
 #include "launcher/workflows/RecentListView.h"
 
+#include "core/paths/PathForm.h"
+#include "core/recent/RecentProjectStore.h"
 #include "launcher/FieldChrome.h"
-#include "launcher/workflows/OpenProject.h"
+#include "launcher/workflows/ProjectPresence.h"
 #include "platform/text/NarrowPath.h"
 #include "platform/text/TextConversion.h"
 
+#include <utility>
+
 namespace ovrin {
 
+namespace {
+
+constexpr std::uint64_t shownProjects = 16;
+
+// Gives how many have gone.
+std::size_t DropMissing(std::vector<RecentProject> &projects) {
+    return std::erase_if(projects, [](const RecentProject &project) { return !IsProjectPresent(project.path); });
+}
+
+} // namespace
+
 WideText RecentDisplayName(const RecentProject &project) {
-    return project.name.empty() ? WideFromPathLenient(project.path.stem()) : Utf8ToWideLenient(project.name);
+    const std::filesystem::path stem = PathForm::FileNameOf(project.path).stem();
+    return Utf8ToWideLenient(project.name.empty() ? NarrowFromPathLenient(stem) : project.name);
 }
 
 void RefreshRecentList(LauncherState &state) {
@@ -27,15 +43,19 @@ void RefreshRecentList(LauncherState &state) {
     InvalidateChrome(state, state.layout.recentCardRect); // the empty-state text comes or goes
 }
 
-// There is no list on disk yet: what the record holds is all there is.
+// A save that fails is in the log; the next start drops the same entries again.
 void ReloadRecentProjects(LauncherState &state) {
+    std::vector<RecentProject> projects = RecentProjectStore::LoadRecentProjects(shownProjects);
+    if (DropMissing(projects) != 0) {
+        RecentProjectStore::SaveRecentProjects(projects);
+    }
+    state.recentProjects = std::move(projects);
     RefreshRecentList(state);
 }
 
 void RemoveMissingProjects(LauncherState &state) {
-    const auto removed = std::erase_if(state.recentProjects,
-                                       [](const RecentProject &project) { return !IsProjectPresent(project.path); });
-    if (removed != 0) {
+    if (DropMissing(state.recentProjects) != 0) {
+        RecentProjectStore::SaveRecentProjects(state.recentProjects);
         RefreshRecentList(state);
     }
 }

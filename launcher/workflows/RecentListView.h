@@ -12,10 +12,11 @@ namespace ovrin {
 // Fills the list control from `recentProjects` and selects its first row; hides it while there is none.
 void RefreshRecentList(LauncherState &state);
 
-// Loads the list anew and shows it.
+// Loads the list anew, without the entries whose project file has gone, and shows it. The file is rewritten where one
+// has gone, and not touched otherwise. Raises as LoadRecentProjects.
 void ReloadRecentProjects(LauncherState &state);
 
-// Drops the entries whose project file has gone. Asks nothing.
+// Drops the entries whose project file has gone, from the file too. Asks nothing, and changes nothing where none has.
 void RemoveMissingProjects(LauncherState &state);
 
 } // namespace ovrin

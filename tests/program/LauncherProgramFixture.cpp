@@ -37,6 +37,7 @@ void LauncherProgram::SetUp() {
     for (const char *name : {"HOME", "USERPROFILE", "APPDATA", "LOCALAPPDATA", "XDG_CONFIG_HOME", "XDG_DATA_HOME"}) {
         SetVariable(name, home_);
     }
+    UnsetVariable("OVRIN_USER_SETTINGS_DIR");
     SetVariable("OVRIN_EDITOR_LOG", EditorLog());
 }
 

@@ -14,6 +14,8 @@ constexpr Position templateFace{1006, 151};
 constexpr Position templateRow[4] = {{1006, 200}, {1006, 240}, {1006, 280}, {1006, 320}};
 constexpr Position location{448, 237};
 constexpr Position createProject{1066, 237};
+constexpr Position secondRecentRow{600, 510};
+constexpr Position openSelected{147, 733};
 constexpr Position quit{1103, 733};
 } // namespace At
 

@@ -88,6 +88,59 @@ TEST_F(LauncherProgram, ImpatientClicksStartOneEditor) {
     EXPECT_EQ(CountOf(ReadFile(EditorLog()), "Command line: "), 1U);
 }
 
+// Each round is a launcher of its own: what one leaves in the list the next one shows.
+TEST_F(LauncherProgram, OpensFromItsListWhatItsEditorsHaveRecorded) {
+    PlaceSibling(Sibling::StandInEditor);
+    const fs::path projects = folder_ / "projects"; // in letters that every file-name encoding has
+    const auto fileOf = [&](const char *name) { return projects / name / (std::string(name) + ".oproject"); };
+    const auto lastArgument = [&] {
+        const std::string report = ReadFile(EditorLog());
+        const std::size_t begin = report.rfind("Argument: ");
+        return begin == std::string::npos ? report : report.substr(begin + 10, report.find('\n', begin) - begin - 10);
+    };
+    for (const char *name : {"First", "Second"}) {
+        Process launcher(Launcher(), home_);
+        const Window window = WaitForLauncher(launcher);
+        Fill(window, At::projectName, fs::path(name).u8string());
+        Fill(window, At::location, projects.u8string());
+        Click(window, At::createProject);
+        ExpectExitCode(launcher, 0);
+        ASSERT_TRUE(WaitUntil([&] { return ReadFile(EditorLog()).ends_with("project.\n"); }));
+        fs::rename(EditorLog(), folder_ / name);
+    }
+    const struct {
+        const char *label;
+        int clicks;         // on the second row; none leaves the first selected
+        const char *opened; // the list was Second, First; each opening puts its project in front
+    } rounds[] = {
+        {"the first row is selected", 0, "Second"}, {"a double click", 2, "First"}, {"one click", 1, "Second"}};
+    for (const auto &round : rounds) {
+        SCOPED_TRACE(round.label);
+        Process launcher(Launcher(), home_);
+        const Window window = WaitForLauncher(launcher);
+        if (round.clicks > 0) {
+            Click(window, At::secondRecentRow, round.clicks);
+        }
+        if (round.clicks < 2) {
+            Click(window, At::openSelected);
+        }
+        ExpectExitCode(launcher, 0);
+        ASSERT_TRUE(WaitUntil([&] { return ReadFile(EditorLog()).ends_with("Opened the project.\n"); }));
+        EXPECT_EQ(lastArgument(), Utf8(fileOf(round.opened)));
+        fs::remove(EditorLog());
+    }
+
+    Process launcher(Launcher(), home_);
+    const Window window = WaitForLauncher(launcher);
+    fs::remove(fileOf("Second"));
+    Click(window, At::openSelected);
+    ExpectMessage(launcher, "Project Missing");
+    Click(window, At::openSelected); // the row has gone, and the other is the first
+    ExpectExitCode(launcher, 0);
+    ASSERT_TRUE(WaitUntil([&] { return ReadFile(EditorLog()).ends_with("Opened the project.\n"); }));
+    EXPECT_EQ(lastArgument(), Utf8(fileOf("First")));
+}
+
 struct SiblingCase {
     const char *label;
     Sibling sibling;
