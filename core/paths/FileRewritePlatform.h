@@ -21,7 +21,7 @@ public:
     OpenFile &operator=(const OpenFile &) = delete;
     ~OpenFile();
 
-    [[nodiscard]] std::string ReadAll(std::error_code &error);
+    [[nodiscard]] std::string ReadAll(std::error_code &error) const;
     void WriteAt(std::uint64_t offset, std::string_view bytes, std::error_code &error);
     void SetSize(std::uint64_t size, std::error_code &error);
     // Until the disk has it.

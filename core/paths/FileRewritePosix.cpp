@@ -40,7 +40,7 @@ OpenFile::~OpenFile() {
     Close(ignored);
 }
 
-std::string OpenFile::ReadAll(std::error_code &error) {
+std::string OpenFile::ReadAll(std::error_code &error) const {
     constexpr std::size_t blockSize = 65536;
     std::string content;
     for (;;) {
@@ -59,6 +59,7 @@ std::string OpenFile::ReadAll(std::error_code &error) {
     }
 }
 
+// NOLINTBEGIN(readability-make-member-function-const): what they change is the file
 void OpenFile::WriteAt(std::uint64_t offset, std::string_view bytes, std::error_code &error) {
     while (!bytes.empty()) {
         const ssize_t count =
@@ -83,6 +84,7 @@ void OpenFile::Flush(std::error_code &error) {
         AssignLast(error);
     }
 }
+// NOLINTEND(readability-make-member-function-const)
 
 void OpenFile::Close(std::error_code &error) {
     const auto descriptor = static_cast<int>(std::exchange(handle_, closed));

@@ -47,7 +47,7 @@ OpenFile::~OpenFile() {
     Close(ignored);
 }
 
-std::string OpenFile::ReadAll(std::error_code &error) {
+std::string OpenFile::ReadAll(std::error_code &error) const {
     LARGE_INTEGER size{};
     if (GetFileSizeEx(ToHandle(handle_), &size) == 0) {
         AssignLast(error);

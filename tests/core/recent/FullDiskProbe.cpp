@@ -15,6 +15,7 @@ using namespace ovrin;
 
 std::vector<RecentProject> MakeList(int count) {
     std::vector<RecentProject> projects;
+    projects.reserve(static_cast<std::size_t>(count));
     for (int number = 0; number < count; ++number) {
         projects.push_back({.path = "/projects/" + std::to_string(number), .name = std::string(50, 'n')});
     }

@@ -39,6 +39,7 @@ Function *Real(const char *name) {
 } // namespace ovrin::testing
 
 // In the place of the C library's, for this program.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the C library's own names are reserved
 extern "C" {
 ssize_t pwrite(int file, const void *bytes, std::size_t size, off_t offset) {
     if (ovrin::testing::IsDue(ovrin::testing::failure.pwrite)) {
@@ -62,6 +63,7 @@ int close(int file) {
     return isDue ? -1 : result;
 }
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 namespace ovrin::testing {
 
@@ -73,7 +75,7 @@ TEST_F(RecentList, KeepsItsOldBytesWhateverStepOfASaveFails) {
     const Projects many = MakeProjects(40);
     const Projects few(many.begin(), many.begin() + 5);
     const struct {
-        const char *label;
+        const char *label = "";
         const Projects &before;
         const Projects &after;
         Failure failure;
