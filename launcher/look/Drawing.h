@@ -1,7 +1,8 @@
-// What every painter shares: the fonts and brushes of the window, filled areas and runs of text.
+// What every painter shares: the fonts and brushes of the window, filled areas, rounded panels and runs of text.
 #pragma once
 
 #include "launcher/LauncherState.h"
+#include "launcher/look/ControlColours.h"
 #include "platform/text/WideText.h"
 #include "platform/winapi/WinApi.h"
 
@@ -31,5 +32,17 @@ struct TextRun {
 void DrawTextRun(HDC dc, const RECT &rect, const TextRun &run);
 
 void FillArea(HDC dc, const RECT &rect, COLORREF colour);
+
+// Whole pixels, without a border.
+void FillBar(Graphics &graphics, const RECT &rect, COLORREF colour);
+
+struct RoundedPanel {
+    RECT rect;    // the middle of the border, which is 1 wide
+    float radius; // not limited by the size
+    PanelColours colours;
+};
+void DrawRoundedPanel(Graphics &graphics, const RoundedPanel &panel);
+
+[[nodiscard]] RECT Inset(RECT rect, int dx, int dy);
 
 } // namespace ovrin

@@ -34,6 +34,7 @@ private:
 };
 
 using UniqueBrush = UniqueGdiObject<HBRUSH>;
+using UniquePen = UniqueGdiObject<HPEN>;
 using UniqueFont = UniqueGdiObject<HFONT>;
 using UniqueBitmap = UniqueGdiObject<HBITMAP>;
 
@@ -89,5 +90,53 @@ private:
     SIZE size_;
     HGDIOBJ old_;
 };
+
+// Smooth drawing on a context, which must live longer. What fails is noted and nothing more: a paint goes on with what
+// remains.
+class Graphics {
+public:
+    explicit Graphics(HDC dc) noexcept {
+        Note(Gdiplus::DllExports::GdipCreateFromHDC(dc, &handle_));
+        Note(Gdiplus::DllExports::GdipSetSmoothingMode(handle_, Gdiplus::SmoothingModeAntiAlias));
+    }
+    Graphics(const Graphics &) = delete;
+    Graphics &operator=(const Graphics &) = delete;
+    ~Graphics() { Gdiplus::DllExports::GdipDeleteGraphics(handle_); }
+
+    [[nodiscard]] Gdiplus::GpGraphics *get() const noexcept { return handle_; }
+    void Note(Gdiplus::GpStatus status) noexcept {
+        if (firstFailure_ == Gdiplus::Ok) {
+            firstFailure_ = status;
+        }
+    }
+    [[nodiscard]] Gdiplus::GpStatus firstFailure() const noexcept { return firstFailure_; }
+
+private:
+    Gdiplus::GpGraphics *handle_ = nullptr;
+    Gdiplus::GpStatus firstFailure_ = Gdiplus::Ok;
+};
+
+// Owns a path, pen or brush of smooth drawing; null where making it failed.
+template<typename Object, auto Delete>
+class UniqueShapeObject {
+public:
+    // `make` gives the object out through its argument; its status goes to `graphics`.
+    template<typename Make>
+    UniqueShapeObject(Graphics &graphics, const Make &make) noexcept {
+        graphics.Note(make(&object_));
+    }
+    UniqueShapeObject(const UniqueShapeObject &) = delete;
+    UniqueShapeObject &operator=(const UniqueShapeObject &) = delete;
+    ~UniqueShapeObject() { Delete(object_); }
+
+    [[nodiscard]] Object *get() const noexcept { return object_; }
+
+private:
+    Object *object_ = nullptr;
+};
+
+using UniquePath = UniqueShapeObject<Gdiplus::GpPath, &Gdiplus::DllExports::GdipDeletePath>;
+using UniqueOutline = UniqueShapeObject<Gdiplus::GpPen, &Gdiplus::DllExports::GdipDeletePen>;
+using UniqueFill = UniqueShapeObject<Gdiplus::GpSolidFill, &Gdiplus::DllExports::GdipDeleteBrush>;
 
 } // namespace ovrin

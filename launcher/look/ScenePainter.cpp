@@ -7,6 +7,35 @@ namespace ovrin {
 
 namespace {
 
+constexpr float cardRadius = 28;
+
+struct SceneCard {
+    RECT LauncherLayout::*rect;
+    COLORREF fill;
+    LONG barLeft; // of the accent bar, from the card's left
+    LONG barWidth;
+    COLORREF barColour;
+};
+
+constexpr SceneCard sceneCards[] = {
+    {&LauncherLayout::newProjectCardRect, Theme::newProjectCard, 30, 84, Theme::orange},
+    {&LauncherLayout::recentCardRect, Theme::recentCard, 28, 70, Theme::blue},
+};
+
+struct SceneField {
+    RECT LauncherLayout::*rect;
+    HWND LauncherState::*control;
+    HWND LauncherState::*popup; // the other part of a selector; an open one counts as focused
+    bool quiet;
+};
+
+constexpr SceneField sceneFields[] = {
+    {&LauncherLayout::nameFieldRect, &LauncherState::projectNameEdit, nullptr, false},
+    {&LauncherLayout::templateFieldRect, &LauncherState::templateButton, &LauncherState::templatePopup, false},
+    {&LauncherLayout::locationFieldRect, &LauncherState::locationEdit, nullptr, false},
+    {&LauncherLayout::recentFrameRect, &LauncherState::recentList, nullptr, true},
+};
+
 struct SceneText {
     WideTextView text;
     RECT LauncherLayout::*rect;
@@ -34,28 +63,69 @@ constexpr SceneText emptyStateText{
     WIDE("No recent projects yet. Create a project or open an existing .oproject to populate this list."),
     &LauncherLayout::emptyTextRect, &LauncherState::bodyFont, Theme::faintText, DT_CENTER | DT_VCENTER | DT_WORDBREAK};
 
-void PaintSceneText(HDC dc, const LauncherState &state, const SceneText &text) {
+void DrawSceneText(HDC dc, const LauncherState &state, const SceneText &text) {
     DrawTextRun(dc, state.layout.*text.rect, {text.text, (state.*text.font).get(), text.colour, text.format});
 }
 
-void PaintScene(HDC dc, const RECT &client, const LauncherState &state) {
-    const LauncherLayout &layout = state.layout;
-    FillArea(dc, client, Theme::windowBase);
-    FillArea(dc, layout.newProjectCardRect, Theme::newProjectCard);
-    FillArea(dc, layout.recentCardRect, Theme::recentCard);
-    for (const RECT *frame :
-         {&layout.nameFieldRect, &layout.templateFieldRect, &layout.locationFieldRect, &layout.recentFrameRect}) {
-        FillArea(dc, *frame, Theme::field);
+void SetSceneQuality(Graphics &graphics) {
+    using namespace Gdiplus::DllExports;
+    graphics.Note(GdipSetInterpolationMode(graphics.get(), Gdiplus::InterpolationModeHighQualityBicubic));
+    graphics.Note(GdipSetCompositingQuality(graphics.get(), Gdiplus::CompositingQualityHighQuality));
+}
+
+void DrawAccentBar(Graphics &graphics, const LauncherState &state, const SceneCard &card) {
+    constexpr LONG topInCard = 18, height = 4;
+    const RECT &rect = state.layout.*card.rect;
+    const LONG left = rect.left + card.barLeft, top = rect.top + topInCard;
+    FillBar(graphics, {left, top, left + card.barWidth, top + height}, card.barColour);
+}
+
+void DrawCards(Graphics &graphics, const LauncherState &state) {
+    for (const SceneCard &card : sceneCards) {
+        DrawRoundedPanel(graphics, {state.layout.*card.rect, cardRadius, {card.fill, Theme::quietBorder}});
     }
-    for (const SceneText &text : sceneTexts) {
-        PaintSceneText(dc, state, text);
-    }
-    if (state.recentProjects.empty()) {
-        PaintSceneText(dc, state, emptyStateText);
+    for (const SceneCard &card : sceneCards) {
+        DrawAccentBar(graphics, state, card);
     }
 }
 
+void DrawTexts(HDC dc, const LauncherState &state) {
+    for (const SceneText &text : sceneTexts) {
+        DrawSceneText(dc, state, text);
+    }
+    if (state.recentProjects.empty()) {
+        DrawSceneText(dc, state, emptyStateText);
+    }
+}
+
+bool HasFocus(const LauncherState &state, const SceneField &field) {
+    const HWND focus = GetFocus();
+    if (field.popup == nullptr) {
+        return focus != nullptr && focus == state.*field.control;
+    }
+    return state.templatePopupOpen ||
+           (focus != nullptr && (focus == state.*field.control || focus == state.*field.popup));
+}
+
 } // namespace
+
+void DrawFieldChrome(Graphics &graphics, const FieldChrome &chrome) {
+    constexpr float radius = 16;
+    DrawRoundedPanel(graphics, {chrome.rect, radius, {Theme::field, FieldBorderColour(chrome.focused, chrome.quiet)}});
+}
+
+void PaintScene(HWND window, const LauncherState &state, HDC dc) {
+    RECT client{};
+    GetClientRect(window, &client);
+    Graphics graphics{dc};
+    SetSceneQuality(graphics);
+    FillBar(graphics, client, Theme::windowBase);
+    DrawCards(graphics, state);
+    for (const SceneField &field : sceneFields) {
+        DrawFieldChrome(graphics, {state.layout.*field.rect, HasFocus(state, field), field.quiet});
+    }
+    DrawTexts(dc, state);
+}
 
 void PaintLauncherWindow(HWND window, const LauncherState *state) {
     const PaintScope paint{window};
@@ -65,7 +135,7 @@ void PaintLauncherWindow(HWND window, const LauncherState *state) {
     RECT client{};
     GetClientRect(window, &client);
     const MemoryCanvas canvas{paint.dc(), {client.right - client.left, client.bottom - client.top}};
-    PaintScene(canvas.dc(), client, *state);
+    PaintScene(window, *state, canvas.dc());
     canvas.CopyTo(paint.dc());
 }
 

@@ -315,6 +315,7 @@ OVRIN_VALUE(CLEARTYPE_QUALITY, 5);
 OVRIN_VALUE(TRANSPARENT, 1);
 OVRIN_VALUE(OPAQUE, 2);
 OVRIN_VALUE(BLACK_BRUSH, 4);
+OVRIN_VALUE(PS_SOLID, 0);
 OVRIN_VALUE(SRCCOPY, 0x00CC0020);
 OVRIN_VALUE(DT_CENTER, 0x0001);
 OVRIN_VALUE(DT_VCENTER, 0x0004);
@@ -347,6 +348,7 @@ OVRIN_FIELD(PAINTSTRUCT, rgbReserved, 36);
 OVRIN_FUNCTION(MulDiv, int, int, int, int);
 OVRIN_FUNCTION(CreateFontIndirectW, HFONT, const LOGFONTW *);
 OVRIN_FUNCTION(CreateSolidBrush, HBRUSH, COLORREF);
+OVRIN_FUNCTION(CreatePen, HPEN, int, int, COLORREF);
 OVRIN_FUNCTION(GetStockObject, HGDIOBJ, int);
 OVRIN_FUNCTION(DeleteObject, BOOL, HGDIOBJ);
 OVRIN_FUNCTION(BeginPaint, HDC, HWND, PAINTSTRUCT *);
@@ -360,6 +362,8 @@ OVRIN_FUNCTION(SetBkMode, int, HDC, int);
 OVRIN_FUNCTION(SetTextColor, COLORREF, HDC, COLORREF);
 OVRIN_FUNCTION(SetBkColor, COLORREF, HDC, COLORREF);
 OVRIN_FUNCTION(FillRect, int, HDC, const RECT *, HBRUSH);
+OVRIN_FUNCTION(Polyline, BOOL, HDC, const POINT *, int);
+OVRIN_FUNCTION(DrawFocusRect, BOOL, HDC, const RECT *);
 OVRIN_FUNCTION(DrawTextW, int, HDC, LPCWSTR, int, RECT *, UINT);
 
 using Gdiplus::GdiplusShutdown;
@@ -377,6 +381,44 @@ OVRIN_FIELD(GdiplusStartupInput, SuppressExternalCodecs, 20);
 
 OVRIN_FUNCTION(GdiplusStartup, Status, ULONG_PTR *, const GdiplusStartupInput *, GdiplusStartupOutput *);
 OVRIN_FUNCTION(GdiplusShutdown, void, ULONG_PTR);
+
+namespace Flat = Gdiplus::DllExports;
+using Gdiplus::ARGB;
+using Gdiplus::GpBrush;
+using Gdiplus::GpGraphics;
+using Gdiplus::GpPath;
+using Gdiplus::GpPen;
+using Gdiplus::GpSolidFill;
+using Gdiplus::GpStatus;
+using Gdiplus::REAL;
+
+OVRIN_NUMBER(ARGB, 4, false);
+OVRIN_NUMBER(REAL, 4, true);
+static_assert(std::is_same_v<REAL, float> && std::is_same_v<GpStatus, Status>);
+static_assert(std::is_convertible_v<GpSolidFill *, GpBrush *>);
+
+OVRIN_VALUE(Gdiplus::SmoothingModeAntiAlias, 4);
+OVRIN_VALUE(Gdiplus::InterpolationModeHighQualityBicubic, 7);
+OVRIN_VALUE(Gdiplus::CompositingQualityHighQuality, 2);
+OVRIN_VALUE(Gdiplus::FillModeAlternate, 0);
+OVRIN_VALUE(Gdiplus::UnitWorld, 0);
+
+OVRIN_FUNCTION(Flat::GdipCreateFromHDC, GpStatus, HDC, GpGraphics **);
+OVRIN_FUNCTION(Flat::GdipDeleteGraphics, GpStatus, GpGraphics *);
+OVRIN_FUNCTION(Flat::GdipSetSmoothingMode, GpStatus, GpGraphics *, Gdiplus::SmoothingMode);
+OVRIN_FUNCTION(Flat::GdipSetInterpolationMode, GpStatus, GpGraphics *, Gdiplus::InterpolationMode);
+OVRIN_FUNCTION(Flat::GdipSetCompositingQuality, GpStatus, GpGraphics *, Gdiplus::CompositingQuality);
+OVRIN_FUNCTION(Flat::GdipCreatePath, GpStatus, Gdiplus::GpFillMode, GpPath **);
+OVRIN_FUNCTION(Flat::GdipDeletePath, GpStatus, GpPath *);
+OVRIN_FUNCTION(Flat::GdipAddPathArc, GpStatus, GpPath *, REAL, REAL, REAL, REAL, REAL, REAL);
+OVRIN_FUNCTION(Flat::GdipClosePathFigure, GpStatus, GpPath *);
+OVRIN_FUNCTION(Flat::GdipCreateSolidFill, GpStatus, ARGB, GpSolidFill **);
+OVRIN_FUNCTION(Flat::GdipDeleteBrush, GpStatus, GpBrush *);
+OVRIN_FUNCTION(Flat::GdipCreatePen1, GpStatus, ARGB, REAL, Gdiplus::GpUnit, GpPen **);
+OVRIN_FUNCTION(Flat::GdipDeletePen, GpStatus, GpPen *);
+OVRIN_FUNCTION(Flat::GdipFillPath, GpStatus, GpGraphics *, GpBrush *, GpPath *);
+OVRIN_FUNCTION(Flat::GdipDrawPath, GpStatus, GpGraphics *, GpPen *, GpPath *);
+OVRIN_FUNCTION(Flat::GdipFillRectangle, GpStatus, GpGraphics *, GpBrush *, REAL, REAL, REAL, REAL);
 
 static_assert(std::is_same_v<WNDPROC, LRESULT(CALLBACK *)(HWND, UINT, WPARAM, LPARAM)>);
 static_assert(std::is_same_v<SUBCLASSPROC, LRESULT(CALLBACK *)(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR)>);

@@ -6,7 +6,9 @@
 #include "platform/text/WideText.h"
 #include "platform/winapi/WinApi.h"
 
+#include <cstddef>
 #include <functional>
+#include <memory>
 
 namespace ovrin::desktop {
 
@@ -48,5 +50,24 @@ void Settle();
 
 // Called for each message box once it is up and before it is answered with OK; null takes it away.
 void OnMessageBox(std::function<void(const MessageBoxSeen &)> observer);
+
+// A bitmap to paint on, black at first.
+class Canvas {
+public:
+    explicit Canvas(SIZE size);
+    Canvas(const Canvas &) = delete;
+    Canvas &operator=(const Canvas &) = delete;
+    ~Canvas();
+
+    [[nodiscard]] HDC dc() const;
+    [[nodiscard]] COLORREF PixelAt(POINT point) const;
+
+private:
+    struct Bits;
+    std::unique_ptr<Bits> bits_;
+};
+
+// What the process holds of the platform's drawing objects.
+[[nodiscard]] std::size_t CountDrawingObjects();
 
 } // namespace ovrin::desktop

@@ -3,10 +3,13 @@
 // box) is played here.
 #include "tests/desktop/DesktopDriver.h"
 
+#include "platform/winapi/qt/DeviceContext.h"
 #include "platform/winapi/qt/TestAccess.h"
 
 #include <QApplication>
+#include <QImage>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -16,6 +19,7 @@
 
 #include <chrono>
 #include <map>
+#include <optional>
 #include <utility>
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE previousInstance, LPWSTR commandLine, int showCommand);
@@ -219,6 +223,35 @@ bool IsWine() {
 
 void OnMessageBox(std::function<void(const MessageBoxSeen &)> observer) {
     TheBoxWatch().observer = std::move(observer);
+}
+
+struct Canvas::Bits {
+    explicit Bits(SIZE size) : image(size.cx, size.cy, QImage::Format_RGB32) {
+        image.fill(Qt::black);
+        painter.begin(&image);
+        context.emplace(painter);
+    }
+
+    QImage image;
+    QPainter painter;
+    std::optional<layer::ContextScope> context;
+};
+
+Canvas::Canvas(SIZE size) : bits_(std::make_unique<Bits>(size)) {}
+Canvas::~Canvas() = default;
+
+HDC Canvas::dc() const {
+    return bits_->context->dc();
+}
+
+COLORREF Canvas::PixelAt(POINT point) const {
+    const QRgb pixel = bits_->image.pixel(point.x, point.y);
+    return static_cast<COLORREF>(qRed(pixel) | qGreen(pixel) << 8 | qBlue(pixel) << 16);
+}
+
+std::size_t CountDrawingObjects() {
+    const layer::LiveCounts counts = layer::CountLiveObjects();
+    return counts.contexts + counts.brushes + counts.pens + counts.fonts + counts.bitmaps + counts.shapes;
 }
 
 } // namespace ovrin::desktop

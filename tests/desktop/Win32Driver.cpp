@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -124,6 +126,26 @@ LRESULT CALLBACK WatchActivation(int code, WPARAM wParam, LPARAM lParam) {
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
+// Wine doesn't answer GetGuiResources. It keeps the table of handles where Windows has it: the block that describes the
+// process holds its address, and each entry tells its kind, 0 for none.
+std::size_t CountInSharedTable() {
+    struct Entry {
+        std::uint64_t object;
+        std::uint32_t owner;
+        std::uint16_t generation;
+        std::uint8_t kind;
+        std::uint8_t flags;
+        std::uint64_t user;
+    };
+    constexpr std::size_t tableInBlock = 0xF8, entries = 65536;
+    using GetBlock = const char *(WINAPI *)();
+    const FARPROC found = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetCurrentPeb");
+    const char *block = reinterpret_cast<GetBlock>(reinterpret_cast<void *>(found))();
+    const auto *table = *reinterpret_cast<const Entry *const *>(block + tableInBlock);
+    return static_cast<std::size_t>(
+        std::count_if(table, table + entries, [](const Entry &entry) { return entry.kind != 0; }));
+}
+
 // False when nothing is waiting, or the loop's end is.
 bool HandleOneMessage() {
     MSG message;
@@ -235,6 +257,46 @@ void OnMessageBox(std::function<void(const MessageBoxSeen &)> observer) {
     static const HHOOK hook = SetWindowsHookExW(WH_CBT, WatchActivation, nullptr, GetCurrentThreadId());
     static_cast<void>(hook);
     boxObserver = std::move(observer);
+}
+
+struct Canvas::Bits {
+    explicit Bits(SIZE size) {
+        BITMAPINFO info{};
+        info.bmiHeader.biSize = sizeof info.bmiHeader;
+        info.bmiHeader.biWidth = size.cx;
+        info.bmiHeader.biHeight = -size.cy;
+        info.bmiHeader.biPlanes = 1;
+        info.bmiHeader.biBitCount = 32;
+        void *memory = nullptr;
+        bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &memory, nullptr, 0);
+        old = SelectObject(dc, bitmap);
+    }
+    Bits(const Bits &) = delete;
+    Bits &operator=(const Bits &) = delete;
+    ~Bits() {
+        SelectObject(dc, old);
+        DeleteObject(bitmap);
+        DeleteDC(dc);
+    }
+
+    HDC dc = CreateCompatibleDC(nullptr);
+    HBITMAP bitmap = nullptr;
+    HGDIOBJ old = nullptr;
+};
+
+Canvas::Canvas(SIZE size) : bits_(std::make_unique<Bits>(size)) {}
+Canvas::~Canvas() = default;
+
+HDC Canvas::dc() const {
+    return bits_->dc;
+}
+
+COLORREF Canvas::PixelAt(POINT point) const {
+    return GetPixel(bits_->dc, point.x, point.y);
+}
+
+std::size_t CountDrawingObjects() {
+    return IsWine() ? CountInSharedTable() : GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
 }
 
 } // namespace ovrin::desktop

@@ -34,8 +34,10 @@ private:
 struct DrawingCounts {
     std::size_t contexts;
     std::size_t brushes;
+    std::size_t pens;
     std::size_t fonts;
     std::size_t bitmaps;
+    std::size_t shapes; // what smooth shapes are drawn with and on
 };
 [[nodiscard]] DrawingCounts CountDrawingObjects();
 

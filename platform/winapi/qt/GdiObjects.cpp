@@ -1,9 +1,10 @@
-// Solid brushes, the one stock brush that is asked for, selection and deletion of drawing objects.
+// Solid brushes and pens, the one stock brush that is asked for, selection and deletion of drawing objects.
 // An object that is selected can't be deleted, and a bitmap is selected in one memory context at a time.
-// Not here: patterns, pens, regions, palettes, other stock objects.
+// Not here: patterns, other styles of pen, regions, palettes, other stock objects.
 #include "platform/winapi/qt/GdiObjects.h"
 
 #include "platform/winapi/qt/DeviceContext.h"
+#include "platform/winapi/qt/ShapeObjects.h"
 
 namespace {
 
@@ -39,8 +40,8 @@ BOOL Delete(HandleTable<Handle, Object> &table, HGDIOBJ object) {
 }
 
 bool IsStock(const DrawingTables &tables, HGDIOBJ object) {
-    return object == tables.blackBrush || object == tables.whiteBrush || object == tables.defaultFont ||
-           object == tables.onePixel;
+    return object == tables.blackBrush || object == tables.whiteBrush || object == tables.blackPen ||
+           object == tables.defaultFont || object == tables.onePixel;
 }
 
 } // namespace
@@ -58,6 +59,7 @@ HDC AddContext(QPainter *painter, HBITMAP bitmap) {
     context->painter = painter;
     Exchange(tables.bitmaps, context->bitmap, bitmap);
     Exchange(tables.brushes, context->brush, tables.whiteBrush);
+    Exchange(tables.pens, context->pen, tables.blackPen);
     Exchange(tables.fonts, context->font, tables.defaultFont);
     return Tables().contexts.Add(std::move(context));
 }
@@ -67,6 +69,7 @@ void RemoveContext(HDC dc) {
     if (const auto context = tables.contexts.Remove(dc)) {
         Exchange(tables.bitmaps, context->bitmap, nullptr);
         Exchange(tables.brushes, context->brush, nullptr);
+        Exchange(tables.pens, context->pen, nullptr);
         Exchange(tables.fonts, context->font, nullptr);
     }
 }
@@ -77,18 +80,25 @@ QColor BrushColour(HBRUSH brush) {
 }
 
 DrawingCounts CountDrawingObjects() {
-    constexpr std::size_t stockBrushes = 2, stockFonts = 1, stockBitmaps = 1;
+    constexpr std::size_t stockBrushes = 2, stockPens = 1, stockFonts = 1, stockBitmaps = 1;
     const DrawingTables &tables = Tables();
     return {.contexts = tables.contexts.Count(),
             .brushes = tables.brushes.Count() - stockBrushes,
+            .pens = tables.pens.Count() - stockPens,
             .fonts = tables.fonts.Count() - stockFonts,
-            .bitmaps = tables.bitmaps.Count() - stockBitmaps};
+            .bitmaps = tables.bitmaps.Count() - stockBitmaps,
+            .shapes = CountShapeObjects()};
 }
 
 } // namespace ovrin::layer
 
 HBRUSH CreateSolidBrush(COLORREF colour) {
     return Tables().brushes.Add(std::make_unique<Brush>(Brush{ColourOf(colour)}));
+}
+
+HPEN CreatePen([[maybe_unused]] int style, int width, COLORREF colour) {
+    assert(style == PS_SOLID && width > 0);
+    return Tables().pens.Add(std::make_unique<Pen>(Pen{ColourOf(colour), width}));
 }
 
 HGDIOBJ GetStockObject([[maybe_unused]] int index) {
@@ -101,7 +111,8 @@ BOOL DeleteObject(HGDIOBJ object) {
     if (IsStock(tables, object)) {
         return TRUE; // as the platform answers; the object stays
     }
-    return Delete(tables.brushes, object) || Delete(tables.fonts, object) || Delete(tables.bitmaps, object);
+    return Delete(tables.brushes, object) || Delete(tables.pens, object) || Delete(tables.fonts, object) ||
+           Delete(tables.bitmaps, object);
 }
 
 HGDIOBJ SelectObject(HDC dc, HGDIOBJ object) {
@@ -112,6 +123,9 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ object) {
     }
     if (tables.brushes.Find(object) != nullptr) {
         return Exchange(tables.brushes, context->brush, object);
+    }
+    if (tables.pens.Find(object) != nullptr) {
+        return Exchange(tables.pens, context->pen, object);
     }
     if (tables.fonts.Find(object) != nullptr) {
         return Exchange(tables.fonts, context->font, object);

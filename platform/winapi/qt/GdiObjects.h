@@ -1,4 +1,4 @@
-// The records behind the handles of contexts, brushes, fonts and bitmaps, and the tables that own them.
+// The records behind the handles of contexts, brushes, pens, fonts and bitmaps, and the tables that own them.
 // Like all windows and drawing, on the first thread only.
 #pragma once
 
@@ -26,6 +26,12 @@ struct Brush {
     int selections = 0;
 };
 
+struct Pen {
+    QColor colour;
+    int width;
+    int selections = 0;
+};
+
 struct Font {
     QFont font;
     int selections = 0;
@@ -41,6 +47,7 @@ struct Context {
     QPainter *painter = nullptr;
     HBITMAP bitmap = nullptr;
     HBRUSH brush = nullptr;
+    HPEN pen = nullptr;
     HFONT font = nullptr;
     COLORREF textColour = 0x000000;
     COLORREF backColour = 0xFFFFFF;
@@ -51,11 +58,13 @@ struct Context {
 struct DrawingTables {
     HandleTable<HDC, Context> contexts;
     HandleTable<HBRUSH, Brush> brushes;
+    HandleTable<HPEN, Pen> pens;
     HandleTable<HFONT, Font> fonts;
     HandleTable<HBITMAP, Bitmap> bitmaps;
 
     HBRUSH blackBrush = brushes.Add(std::make_unique<Brush>(Brush{Qt::black}));
     HBRUSH whiteBrush = brushes.Add(std::make_unique<Brush>(Brush{Qt::white}));
+    HPEN blackPen = pens.Add(std::make_unique<Pen>(Pen{Qt::black, 1}));
     HFONT defaultFont = fonts.Add(std::make_unique<Font>());    // stands for the toolkit's font of the moment
     HBITMAP onePixel = bitmaps.Add(std::make_unique<Bitmap>()); // drawing on it would show nowhere: an empty image
 };

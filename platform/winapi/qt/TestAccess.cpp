@@ -12,7 +12,8 @@ QWidget *WidgetOf(HWND window) {
 
 LiveCounts CountLiveObjects() {
     const DrawingCounts drawing = CountDrawingObjects();
-    return {AllHosts().size(), drawing.contexts, drawing.brushes, drawing.fonts, drawing.bitmaps};
+    return {AllHosts().size(), drawing.contexts, drawing.brushes, drawing.pens,
+            drawing.fonts,     drawing.bitmaps,  drawing.shapes};
 }
 
 } // namespace ovrin::layer

@@ -17,8 +17,10 @@ struct LiveCounts {
     std::size_t windows = 0;
     std::size_t contexts = 0;
     std::size_t brushes = 0;
+    std::size_t pens = 0;
     std::size_t fonts = 0;
     std::size_t bitmaps = 0;
+    std::size_t shapes = 0;
 
     bool operator==(const LiveCounts &) const = default;
 };

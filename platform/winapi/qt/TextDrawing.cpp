@@ -47,13 +47,12 @@ QString ElidePath(const QString &path, const QFontMetricsF &metrics, int width) 
 }
 
 QString Elide(const QString &line, const QFontMetricsF &metrics, int width, UINT format) {
-    if (metrics.horizontalAdvance(line) <= width) {
+    const bool shortens = (format & (DT_PATH_ELLIPSIS | DT_END_ELLIPSIS)) != 0;
+    if (!shortens || metrics.horizontalAdvance(line) <= width) {
         return line;
     }
-    if ((format & DT_PATH_ELLIPSIS) != 0) {
-        return ElidePath(line, metrics, width);
-    }
-    return (format & DT_END_ELLIPSIS) != 0 ? metrics.elidedText(line, Qt::ElideRight, width) : line;
+    return (format & DT_PATH_ELLIPSIS) != 0 ? ElidePath(line, metrics, width)
+                                            : metrics.elidedText(line, Qt::ElideRight, width);
 }
 
 // Control characters have no picture, and some would steer the toolkit's own line breaking and shortening.

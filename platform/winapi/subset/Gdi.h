@@ -1,4 +1,4 @@
-// Device contexts, brushes, fonts, bitmaps and text.
+// Device contexts, brushes, pens, fonts, bitmaps, plain shapes and text.
 #pragma once
 
 #include "platform/winapi/subset/Types.h"
@@ -8,6 +8,7 @@ constexpr BYTE CLEARTYPE_QUALITY = 5;
 constexpr int TRANSPARENT = 1;
 constexpr int OPAQUE = 2;
 constexpr int BLACK_BRUSH = 4;
+constexpr int PS_SOLID = 0;
 constexpr DWORD SRCCOPY = 0x00CC0020;
 
 constexpr UINT DT_CENTER = 0x0001;
@@ -48,6 +49,7 @@ int MulDiv(int number, int numerator, int denominator);
 
 HFONT CreateFontIndirectW(const LOGFONTW *font);
 HBRUSH CreateSolidBrush(COLORREF colour);
+HPEN CreatePen(int style, int width, COLORREF colour);
 HGDIOBJ GetStockObject(int index);
 BOOL DeleteObject(HGDIOBJ object);
 
@@ -65,6 +67,9 @@ int SetBkMode(HDC dc, int mode);
 COLORREF SetTextColor(HDC dc, COLORREF colour);
 COLORREF SetBkColor(HDC dc, COLORREF colour);
 int FillRect(HDC dc, const RECT *rect, HBRUSH brush);
+BOOL Polyline(HDC dc, const POINT *points, int count);
+// A frame of dots that invert what is there: the same once more takes it away.
+BOOL DrawFocusRect(HDC dc, const RECT *rect);
 
 // `length` must be given (no -1). An ampersand is drawn as it stands.
 int DrawTextW(HDC dc, LPCWSTR text, int length, RECT *rect, UINT format);

@@ -41,8 +41,8 @@ protected:
     }
     void TearDown() override {
         context_.reset();
-        const auto [contexts, brushes, fonts, bitmaps] = CountDrawingObjects();
-        EXPECT_EQ(contexts + brushes + fonts + bitmaps, 0U) << "drawing objects left behind";
+        const auto [contexts, brushes, pens, fonts, bitmaps, shapes] = CountDrawingObjects();
+        EXPECT_EQ(contexts + brushes + pens + fonts + bitmaps + shapes, 0U) << "drawing objects left behind";
     }
     [[nodiscard]] HDC dc() const { return context_->dc(); }
 
