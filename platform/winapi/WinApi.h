@@ -18,6 +18,7 @@
 #include <dwmapi.h>
 #include <objbase.h>
 #include <shellapi.h>
+#include <shlobj.h>
 
 // The system's drawing headers call min and max unqualified, which NOMINMAX takes away.
 namespace Gdiplus {
@@ -42,6 +43,7 @@ extern "C" WINBASEAPI HRESULT WINAPI SetThreadDescription(HANDLE thread, PCWSTR 
 
 #include "platform/winapi/subset/Types.h"
 
+#include "platform/winapi/subset/Com.h"
 #include "platform/winapi/subset/Controls.h"
 #include "platform/winapi/subset/Gdi.h"
 #include "platform/winapi/subset/GdiPlus.h"

@@ -85,5 +85,4 @@ LRESULT DefSubclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 constexpr DWORD DWMWA_USE_IMMERSIVE_DARK_MODE = 20;
 constexpr DWORD DWMWA_WINDOW_CORNER_PREFERENCE = 33;
 constexpr int DWMWCP_ROUND = 2;
-constexpr HRESULT E_NOTIMPL = static_cast<HRESULT>(0x80004001);
 HRESULT DwmSetWindowAttribute(HWND window, DWORD attribute, const void *value, DWORD size);

@@ -3,8 +3,13 @@
 
 #include "platform/winapi/subset/Types.h"
 
+#include <cstdarg>
+
 constexpr UINT CP_UTF8 = 65001;
 constexpr DWORD MB_ERR_INVALID_CHARS = 8;
+constexpr DWORD FORMAT_MESSAGE_ALLOCATE_BUFFER = 0x100;
+constexpr DWORD FORMAT_MESSAGE_IGNORE_INSERTS = 0x200;
+constexpr DWORD FORMAT_MESSAGE_FROM_SYSTEM = 0x1000;
 
 struct STARTUPINFOW {
     DWORD cb;
@@ -40,6 +45,13 @@ struct SECURITY_ATTRIBUTES;
 int MultiByteToWideChar(UINT codePage, DWORD flags, const char *text, int textLength, LPWSTR buffer, int bufferLength);
 int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int textLength, char *buffer, int bufferLength,
                         const char *defaultChar, BOOL *usedDefaultChar);
+
+// Only the system's own messages, in English, with all three flags: `buffer` is then the address of a pointer, which
+// takes a text to be released with LocalFree. Gives its length without the terminator, 0 for an unknown code.
+DWORD FormatMessageW(DWORD flags, const void *source, DWORD message, DWORD language, LPWSTR buffer, DWORD size,
+                     va_list *arguments);
+// Always null.
+HLOCAL LocalFree(HLOCAL memory);
 
 // Only the running program's own path (no module). 0 where that path isn't UTF-8.
 DWORD GetModuleFileNameW(HMODULE module, LPWSTR buffer, DWORD size);

@@ -1,6 +1,7 @@
 // Basic types and opaque handles, with the widths that the platform gives them in a 64-bit process.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #define WINAPI
@@ -33,6 +34,20 @@ using LPCSTR = const char *;
 constexpr BOOL TRUE = 1;
 constexpr BOOL FALSE = 0;
 
+constexpr HRESULT S_OK = 0;
+constexpr HRESULT S_FALSE = 1;
+constexpr HRESULT E_NOTIMPL = static_cast<HRESULT>(0x80004001);
+constexpr HRESULT E_NOINTERFACE = static_cast<HRESULT>(0x80004002);
+constexpr HRESULT E_POINTER = static_cast<HRESULT>(0x80004003);
+constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005);
+constexpr HRESULT E_UNEXPECTED = static_cast<HRESULT>(0x8000FFFF);
+constexpr HRESULT RPC_E_CHANGED_MODE = static_cast<HRESULT>(0x80010106);
+constexpr HRESULT CLASS_E_NOAGGREGATION = static_cast<HRESULT>(0x80040110);
+constexpr HRESULT REGDB_E_CLASSNOTREG = static_cast<HRESULT>(0x80040154);
+constexpr HRESULT CO_E_NOTINITIALIZED = static_cast<HRESULT>(0x800401F0);
+constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x8007000E);
+constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057);
+
 // A handle is a key into a table of the layer, never the address of an object; a key is used once.
 // NOLINTBEGIN(bugprone-macro-parentheses): a name that is declared takes none
 #define OVRIN_DECLARE_HANDLE(name)                                                                                     \
@@ -42,6 +57,7 @@ constexpr BOOL FALSE = 0;
 
 using HANDLE = void *;
 using HGDIOBJ = void *;
+using HLOCAL = void *;
 OVRIN_DECLARE_HANDLE(HWND);
 OVRIN_DECLARE_HANDLE(HINSTANCE);
 OVRIN_DECLARE_HANDLE(HMENU);
