@@ -309,6 +309,7 @@ TEST(Painting, GoesOnWhereNothingCanBeDrawn) {
 }
 
 TEST(Painting, LeavesNothingBehind) {
+    constexpr int repaints = 1000;
     const Sandbox sandbox;
     RunLauncher([](const LauncherRun &run) {
         const auto repaint = [&](int times) {
@@ -319,11 +320,12 @@ TEST(Painting, LeavesNothingBehind) {
         };
         FillRecentList(run.state, 3);
         OpenTemplatePopup(run.state);
-        repaint(2);
-        const std::size_t before = CountDrawingObjects();
+        repaint(20);
+        const std::size_t before = CountDrawingObjects(), memory = AllocatedMemory();
         EXPECT_GT(before, 5U) << "the fonts and brushes of the window at least";
-        repaint(40);
+        repaint(repaints);
         EXPECT_EQ(CountDrawingObjects(), before);
+        EXPECT_LT(AllocatedMemory(), memory + std::size_t{8} * repaints) << "less than any object takes";
     });
 }
 

@@ -18,6 +18,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <malloc.h>
 #include <map>
 #include <optional>
 #include <utility>
@@ -252,6 +253,10 @@ COLORREF Canvas::PixelAt(POINT point) const {
 std::size_t CountDrawingObjects() {
     const layer::LiveCounts counts = layer::CountLiveObjects();
     return counts.contexts + counts.brushes + counts.pens + counts.fonts + counts.bitmaps + counts.shapes;
+}
+
+std::size_t AllocatedMemory() {
+    return mallinfo2().uordblks;
 }
 
 } // namespace ovrin::desktop

@@ -299,6 +299,18 @@ std::size_t CountDrawingObjects() {
     return IsWine() ? CountInSharedTable() : GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
 }
 
+std::size_t AllocatedMemory() {
+    const HANDLE heap = GetProcessHeap();
+    std::size_t size = 0;
+    PROCESS_HEAP_ENTRY entry{};
+    HeapLock(heap);
+    while (HeapWalk(heap, &entry)) {
+        size += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0 ? entry.cbData : 0;
+    }
+    HeapUnlock(heap);
+    return size;
+}
+
 } // namespace ovrin::desktop
 
 namespace {
