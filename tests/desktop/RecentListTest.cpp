@@ -62,6 +62,10 @@ void ExpectView(const LauncherState &state, std::size_t rows) {
     EXPECT_EQ(SendMessageW(state.recentList, LB_GETCURSEL, 0, 0), isFilled ? 0 : LB_ERR);
 }
 
+void ClickCommand(const LauncherRun &run, HWND button, int id) {
+    SendMessageW(run.window, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(button));
+}
+
 TEST(RecentListAtStart, ShowsSixteenAndRewritesTheFileOnlyWhereOneHasGone) {
     const struct {
         const char *label;
@@ -89,14 +93,35 @@ TEST(RecentListAtStart, ShowsSixteenAndRewritesTheFileOnlyWhereOneHasGone) {
     }
 }
 
+TEST(OpenSelected, OfAVanishedProjectCutsTheListToTwelve) {
+    struct Case {
+        int count;
+        std::size_t left;
+    };
+    for (const auto &[count, left] : {Case{1, 0}, Case{5, 4}, Case{13, 12}, Case{16, 12}, Case{20, 12}, Case{21, 12}}) {
+        SCOPED_TRACE(count);
+        const Sandbox sandbox;
+        const ListOnDisk list(sandbox, count, {});
+        std::vector<WideText> titles;
+        OnMessageBox([&titles](const MessageBoxSeen &box) { titles.push_back(box.title); });
+        RunLauncher([&, number = count / 2, rows = left](const LauncherRun &run) {
+            list.Remove(number);
+            SendMessageW(run.state.recentList, LB_SETCURSEL, static_cast<WPARAM>(number), 0);
+            ClickCommand(run, run.state.openSelectedButton, ControlId::openSelected);
+            ExpectView(run.state, rows);
+        });
+        OnMessageBox(nullptr);
+        EXPECT_EQ(titles, std::vector<WideText>{WIDE("Project Missing")});
+        EXPECT_EQ(ListOnDisk::Lines(), left);
+        EXPECT_TRUE(sandbox.EditorCalls().empty());
+    }
+}
+
 TEST(RemoveMissing, ChangesListAndFileOnlyWhereOneHasGone) {
     const Sandbox sandbox;
     const ListOnDisk list(sandbox, 20, {});
     RunLauncher([&](const LauncherRun &run) {
-        const auto removeMissing = [&] {
-            SendMessageW(run.window, WM_COMMAND, MAKEWPARAM(ControlId::removeMissing, BN_CLICKED),
-                         reinterpret_cast<LPARAM>(run.state.removeMissingButton));
-        };
+        const auto removeMissing = [&] { ClickCommand(run, run.state.removeMissingButton, ControlId::removeMissing); };
         SendMessageW(run.state.recentList, LB_SETCURSEL, 3, 0);
         removeMissing();
         EXPECT_EQ(SendMessageW(run.state.recentList, LB_GETCURSEL, 0, 0), 3);
