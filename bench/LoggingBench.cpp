@@ -6,7 +6,7 @@
 // of the time is three times the records. Neither side formats a message. spdlog's flush doesn't wait: a fourth sink,
 // which no record reaches, tells when the flush is through. The folder is emptied before each turn.
 #include "bench/LoggingSides.h"
-#include "bench/LoggingTiming.h"
+#include "bench/Timing.h"
 
 #include <algorithm>
 #include <charconv>
