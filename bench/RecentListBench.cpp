@@ -121,8 +121,8 @@ void RunAll(int rounds) {
     const Projects gone = workspace.Name("gone", sizes[std::size(sizes) - 1]);
     workspace.Make(there);
     workspace.MakeFolder("gone");
-    std::printf("%-16s %9s %9s %9s %9s %10s %7s\n", "ns an entry", "queries", "load", "normalise", "save",
-                "load ratio", "wanted");
+    std::printf("%-16s %9s %9s %9s %9s %10s %7s\n", "ns an entry", "queries", "load", "normalise", "save", "load ratio",
+                "wanted");
     for (const int size : sizes) {
         Run("there", QueryThere, {there.begin(), there.begin() + size}, rounds);
         Run("gone", QueryGone, {gone.begin(), gone.begin() + size}, rounds);
