@@ -195,6 +195,11 @@ TEST_F(RecentList, FindsWhereEachOfItsPathsLeavesTheDisk) {
         paths.push_back(project.path);
     }
     EXPECT_EQ(paths, expected);
+    std::string missing;
+    for (int depth = 1; depth < 12; ++depth) {
+        missing += "/m";
+        EXPECT_EQ(RecentProjectStore::NormalizeProjectPath(At("link/out" + missing)), At("other" + missing));
+    }
 }
 
 TEST_F(RecentList, FollowsLinksAndKeepsNamesThatAreNoText) {
