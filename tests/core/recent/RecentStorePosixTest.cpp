@@ -174,6 +174,7 @@ TEST_F(RecentList, FindsWhereEachOfItsPathsLeavesTheDisk) {
         {"link/gone/a", "real/gone/a"},
         {"link/gone/b", "real/gone/b"},
         {"link/a", "real/a"},
+        {"link/out/a", "other/a"},
         {"link-2/gone/a", "other/gone/a"},
         {"link/out/gone/a", "other/gone/a"}, // the same again
         {"link/out/a/b/c/d/e/f/g/h", "other/a/b/c/d/e/f/g/h"},
