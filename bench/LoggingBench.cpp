@@ -6,15 +6,12 @@
 // of the time is three times the records. Neither side formats a message. spdlog's flush doesn't wait: a fourth sink,
 // which no record reaches, tells when the flush is through. The folder is emptied before each turn.
 #include "bench/LoggingSides.h"
-#include "bench/LoggingTiming.h"
+#include "bench/Rounds.h"
+#include "bench/Timing.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdio>
-#include <exception>
 #include <functional>
-#include <string_view>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -176,13 +173,6 @@ void Run(const Measure &measure, int rounds) {
     }
 }
 
-// 0 where the text isn't a number from 1.
-int ParseRounds(std::string_view text) {
-    int rounds = 0;
-    const auto parsed = std::from_chars(text.data(), text.data() + text.size(), rounds);
-    return parsed.ec == std::errc() && parsed.ptr == text.data() + text.size() ? std::max(rounds, 0) : 0;
-}
-
 void RunAll(int rounds) {
     std::printf("%-50s %11s %11s %7s %7s\n", "ns a record or call, medians", "ours", "theirs", "ratio", "wanted");
     for (const Measure &measure : measures) {
@@ -195,16 +185,5 @@ void RunAll(int rounds) {
 } // namespace ovrin::bench
 
 int main(int count, char **arguments) {
-    const int rounds = count > 1 ? ovrin::bench::ParseRounds(arguments[1]) : 5;
-    if (rounds == 0 || count > 2) {
-        std::fputs("usage: LoggingBench [ROUNDS]\n", stderr);
-        return 2;
-    }
-    try {
-        ovrin::bench::RunAll(rounds);
-    } catch (const std::exception &error) {
-        std::fprintf(stderr, "LoggingBench: %s\n", error.what());
-        return 1;
-    }
-    return 0;
+    return ovrin::bench::RunRounds("LoggingBench", {arguments, arguments + count}, ovrin::bench::RunAll);
 }

@@ -1,9 +1,12 @@
 #!/usr/bin/env python3
-"""Whole process to first painted window, for two programs in turn: startup.py ROUNDS LAUNCHER BARE
+"""Whole process to first painted window, for three programs in turn:
 
-Each argument after the rounds is a command. Both are seen from outside by the same eye: the pixel in the middle of the
-screen, which is black until a window has been painted over it. Reports medians, the ratio, peak memory, and the
-processor time that an untouched launcher uses.
+startup.py ROUNDS LAUNCHER BARE EMPTY_SETTINGS LONG_SETTINGS
+
+LAUNCHER and BARE are commands; the launcher is started with each of the two settings folders, whose lists of recent
+projects are empty and long. All are seen from outside by the same eye: the pixel in the middle of the screen, which is
+black until a window has been painted over it. Reports medians, the ratios, peak memory, and the processor time that an
+untouched launcher uses.
 """
 import ctypes
 import os
@@ -72,16 +75,19 @@ def processor_time(pid):
 
 
 class Program:
-    def __init__(self, name, command):
+    def __init__(self, name, command, settings=""):
         self.name = name
         self.command = shlex.split(command)
+        self.environment = os.environ | {"OVRIN_USER_SETTINGS_DIR": settings}
         self.seconds = []
         self.memory = []
 
     def start(self, screen):
         screen.wait(painted=False)
         begin = time.perf_counter()
-        process = subprocess.Popen(self.command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        process = subprocess.Popen(
+            self.command, env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL
+        )
         screen.wait(painted=True)
         return process, time.perf_counter() - begin
 
@@ -107,28 +113,39 @@ def idle_time(program, screen):
     return used
 
 
+def print_program(program):
+    low, high = (1000 * edge(program.seconds) for edge in (min, max))
+    print(
+        f"{program.name:22} {1000 * statistics.median(program.seconds):10.1f} {f'{low:.1f}-{high:.1f}':>15} "
+        f"{statistics.median(program.memory) / 1024:10.1f}"
+    )
+
+
+def print_ratio(name, program, other):
+    print(
+        f"{name:22} {statistics.median(program.seconds) / statistics.median(other.seconds):10.2f} {'':>15} "
+        f"{statistics.median(program.memory) / statistics.median(other.memory):10.2f}"
+    )
+
+
 def main():
     rounds = int(sys.argv[1])
     screen = Screen()
-    programs = [Program("launcher", sys.argv[2]), Program("bare window", sys.argv[3])]
+    launcher = Program("launcher", sys.argv[2], sys.argv[4])
+    with_list = Program("with the long list", sys.argv[2], sys.argv[5])
+    bare = Program("bare window", sys.argv[3])
+    programs = [launcher, with_list, bare]
     for program in programs:  # once for the caches
         end(program.start(screen)[0])
     for _ in range(rounds):
         for program in programs:
             program.run_once(screen)
 
-    print(f"{'':12} {'start, ms':>10} {'spread':>15} {'peak, MiB':>10}")
+    print(f"{'':22} {'start, ms':>10} {'spread':>15} {'peak, MiB':>10}")
     for program in programs:
-        low, high = (1000 * edge(program.seconds) for edge in (min, max))
-        print(
-            f"{program.name:12} {1000 * statistics.median(program.seconds):10.1f} {f'{low:.1f}-{high:.1f}':>15} "
-            f"{statistics.median(program.memory) / 1024:10.1f}"
-        )
-    launcher, bare = programs
-    print(
-        f"{'ratio':12} {statistics.median(launcher.seconds) / statistics.median(bare.seconds):10.2f} {'':>15} "
-        f"{statistics.median(launcher.memory) / statistics.median(bare.memory):10.2f}"
-    )
+        print_program(program)
+    print_ratio("launcher to bare", launcher, bare)
+    print_ratio("list to none (<= 1.3)", with_list, launcher)
     print(f"untouched for {IDLE_SECONDS} s the launcher uses {idle_time(launcher, screen):.2f} ms of processor time")
 
 

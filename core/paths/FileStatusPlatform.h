@@ -23,7 +23,7 @@ struct EntryStatus {
 // Absent, and may be made: not a name that no folder can have.
 [[nodiscard]] bool MeansMissing(const std::error_code &error);
 
-// The path of an existing entry, absolute and without links. Empty on failure.
+// The path of an existing entry, absolute, without links and in normal form. Empty on failure.
 [[nodiscard]] std::filesystem::path ResolveLinks(const std::filesystem::path &path, std::error_code &error);
 
 // Meaningless on failure.

@@ -110,7 +110,7 @@ std::filesystem::path ResolveLinks(const std::filesystem::path &path, std::error
         return {};
     }
     resolved.resize(length);
-    return WithoutUnlimitedPrefix(std::move(resolved));
+    return PathForm::LexicallyNormal(WithoutUnlimitedPrefix(std::move(resolved)));
 }
 
 bool IsFolderEmpty(const std::filesystem::path &path, std::error_code &error) {

@@ -18,22 +18,55 @@ std::filesystem::path Assemble(const NativeText &rootName, const std::filesystem
     return std::filesystem::path(rootName + local.native()).make_preferred();
 }
 
-// Resolves the longest leading part of a path that isn't there as a whole. Empty, without an error, where nothing is.
-std::filesystem::path ResolveExistingPart(const NativeText &text, std::vector<std::size_t> ends,
-                                          std::filesystem::path &rest, std::error_code &error) {
-    ends.insert(ends.begin(), SplitRoot(text).rootName.size() + (IsAbsolute(text) ? 1 : 0));
-    // What lies under a folder that isn't there isn't there either, so halving finds where the path leaves the disk.
-    const auto missing = std::partition_point(ends.begin(), ends.end(), [&](std::size_t end) {
-        std::error_code query;
-        const bool exists = end == 0 || QueryEntry(text.substr(0, end), query);
-        if (!exists && !MeansAbsent(query)) {
-            error = query;
+bool IsThere(const NativeText &path, std::error_code &error) {
+    std::error_code query;
+    const bool exists = path.empty() || QueryEntry(path, query);
+    if (!exists && !MeansAbsent(query)) {
+        error = query;
+    }
+    return exists;
+}
+
+// Where the part of a path that exists ends, of the places where it may; the path isn't there as a whole. What lies
+// under a folder that isn't there isn't there either. Mostly a project or its folder has gone and no more, so the
+// search goes up in steps that grow, and halves the last of them.
+std::size_t EndOfExistingPart(const NativeText &text, const std::vector<std::size_t> &ends, std::error_code &error) {
+    const auto isThere = [&](std::size_t end) { return IsThere(text.substr(0, end), error); };
+    const bool isLastKnown = ends.back() == text.size(); // without separators behind it the whole is the last element
+    auto missing = ends.end() - (isLastKnown && ends.size() > 1 ? 1 : 0);
+    for (int asked = 0; missing != ends.begin(); ++asked) {
+        const auto next = missing - std::min(std::ptrdiff_t{1} << asked / 2, missing - ends.begin());
+        if (isThere(*next)) {
+            missing = std::partition_point(next + 1, missing, isThere);
+            break;
         }
-        return exists;
-    });
-    const std::size_t end = missing == ends.begin() ? 0 : *(missing - 1);
-    rest = text.substr(std::min(GenericText(text).find_first_not_of(NativeText::value_type{'/'}, end), text.size()));
-    return error || end == 0 ? std::filesystem::path() : ResolveLinks(text.substr(0, end), error);
+        missing = next;
+    }
+    return missing == ends.begin() ? 0 : *(missing - 1);
+}
+
+// Whether the path leaves the disk where that part ended.
+bool LeavesDiskBehind(const ExistingPart &part, const NativeText &text, const std::vector<std::size_t> &ends,
+                      std::error_code &error) {
+    const auto end = std::ranges::lower_bound(ends, part.text.size());
+    return !part.text.empty() && end != ends.end() && *end == part.text.size() && end + 1 != ends.end() &&
+           text.starts_with(part.text) && !IsThere(text.substr(0, *(end + 1)), error);
+}
+
+// Finds the longest leading part of a path that isn't there as a whole. Empty, without an error, where nothing is.
+void FindExistingPart(const NativeText &text, std::vector<std::size_t> ends, ExistingPart &part,
+                      std::error_code &error) {
+    ends.insert(ends.begin(), SplitRoot(text).rootName.size() + (IsAbsolute(text) ? 1 : 0));
+    if (LeavesDiskBehind(part, text, ends, error)) {
+        return;
+    }
+    part.text = text.substr(0, EndOfExistingPart(text, ends, error));
+    part.resolved = error || part.text.empty() ? std::filesystem::path() : ResolveLinks(part.text, error);
+}
+
+// Without the separators before it.
+NativeText Behind(std::size_t end, const NativeText &text) {
+    return text.substr(std::min(GenericText(text).find_first_not_of(NativeText::value_type{'/'}, end), text.size()));
 }
 
 } // namespace
@@ -105,25 +138,26 @@ std::vector<std::size_t> EndsOfElements(const std::filesystem::path &path) {
 }
 
 bool HasParentStep(const std::filesystem::path &path) {
-    return std::ranges::any_of(SplitRoot(path).local, [](const auto &element) { return element == ".."; });
+    return path.native().find(NativeText(2, NativeText::value_type{'.'})) != NativeText::npos &&
+           std::ranges::any_of(SplitRoot(path).local, [](const auto &element) { return element == ".."; });
 }
 
-std::filesystem::path WeaklyCanonical(const std::filesystem::path &path, std::error_code &error) {
+std::filesystem::path WeaklyCanonical(const std::filesystem::path &path, ExistingPart &part, std::error_code &error) {
     std::error_code query;
     std::filesystem::path whole = ResolveLinks(path, query);
     if (!query) {
-        return LexicallyNormal(whole);
+        return whole;
     }
     if (!MeansAbsent(query)) {
         error = query;
         return {};
     }
-    std::filesystem::path rest;
-    const std::filesystem::path existing = ResolveExistingPart(path.native(), EndsOfElements(path), rest, error);
+    FindExistingPart(path.native(), EndsOfElements(path), part, error);
     if (error) {
+        part = {};
         return {};
     }
-    return LexicallyNormal(existing.empty() ? path : Join(existing, rest));
+    return LexicallyNormal(part.text.empty() ? path : Join(part.resolved, Behind(part.text.size(), path.native())));
 }
 
 } // namespace ovrin::PathForm

@@ -36,9 +36,16 @@ namespace ovrin::PathForm {
 // Whether ".." is one of the elements.
 [[nodiscard]] bool HasParentStep(const std::filesystem::path &path);
 
+// The part of a path that exists, as the path has it and with its links resolved.
+struct ExistingPart {
+    std::filesystem::path::string_type text;
+    std::filesystem::path resolved;
+};
+
 // The leading part that exists with its links resolved, the rest behind it, and the whole in normal form. A relative
 // path of which nothing exists stays relative. `error` is set where the file system can't tell; then the result is
-// empty.
-[[nodiscard]] std::filesystem::path WeaklyCanonical(const std::filesystem::path &path, std::error_code &error);
+// empty. In one pass over paths that lie beside each other `part` keeps what needn't be asked again; it begins empty.
+[[nodiscard]] std::filesystem::path WeaklyCanonical(const std::filesystem::path &path, ExistingPart &part,
+                                                    std::error_code &error);
 
 } // namespace ovrin::PathForm

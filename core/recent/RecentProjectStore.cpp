@@ -23,12 +23,12 @@ struct NormalForm {
     bool isFinal; // taking the normal form again changes nothing and needs no query
 };
 
-NormalForm Normalize(const std::filesystem::path &path) {
+NormalForm Normalize(const std::filesystem::path &path, PathForm::ExistingPart &part) {
     if (path.empty()) {
         return {.path = {}, .isFinal = true};
     }
     std::error_code error;
-    std::filesystem::path canonical = PathForm::WeaklyCanonical(path, error);
+    std::filesystem::path canonical = PathForm::WeaklyCanonical(path, part, error);
     // A step up from what isn't there may lead back to a link that is.
     const bool isFinal = !PathForm::HasParentStep(path);
     return {.path = error ? PathForm::LexicallyNormal(path) : std::move(canonical), .isFinal = isFinal};
@@ -56,7 +56,7 @@ public:
     [[nodiscard]] bool IsFull() const { return projects_.size() >= limit_; }
 
     void Add(RecentProject project) {
-        NormalForm normal = Normalize(project.path);
+        NormalForm normal = Normalize(project.path, existingPart_);
         if (normal.path.empty()) {
             return;
         }
@@ -76,6 +76,7 @@ private:
     std::uint64_t limit_;
     std::vector<RecentProject> projects_;
     std::unordered_set<std::string> keys_;
+    PathForm::ExistingPart existingPart_; // projects that have gone mostly lay in one folder
 };
 
 void AddLine(ListBuilder &list, std::string_view line) {
@@ -122,7 +123,8 @@ std::filesystem::path GetRecentProjectsPath() {
 }
 
 std::filesystem::path NormalizeProjectPath(const std::filesystem::path &path) {
-    return Normalize(path).path;
+    PathForm::ExistingPart part;
+    return Normalize(path, part).path;
 }
 
 std::string RecentProjectKey(const std::filesystem::path &path) {

@@ -21,6 +21,9 @@ struct Failure {
 };
 Failure failure; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): the calls below have no other way
 
+// The paths whose canonical form was asked for.
+std::vector<std::string> canonicalQueries; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): as above
+
 bool IsDue(int &count) {
     if (count == 0 || --count > 0) {
         return false;
@@ -61,6 +64,10 @@ int close(int file) {
     const bool isDue = ovrin::testing::failure.close > 0 && ovrin::testing::IsDue(ovrin::testing::failure.close);
     const int result = ovrin::testing::Real<decltype(close)>("close")(file);
     return isDue ? -1 : result;
+}
+char *realpath(const char *path, char *resolved) noexcept {
+    ovrin::testing::canonicalQueries.emplace_back(path);
+    return ovrin::testing::Real<decltype(realpath)>("realpath")(path, resolved);
 }
 }
 // NOLINTEND(readability-inconsistent-declaration-parameter-name)
@@ -140,6 +147,60 @@ TEST_F(RecentList, IsSavedOnlyInAnOrdinaryFileAndThroughALink) {
     EXPECT_TRUE(SaveRecentProjects(projects));
     EXPECT_TRUE(std::filesystem::is_symlink(File()));
     EXPECT_EQ(Load(), (Texts{"1", "2"}));
+}
+
+TEST_F(RecentList, LooksAtNothingBehindItsLimit) {
+    const Projects projects = MakeProjects(20);
+    ASSERT_TRUE(SaveRecentProjects(projects));
+    Texts needed;
+    for (int index = 0; index < 16; ++index) {
+        needed.push_back(projects[static_cast<std::size_t>(index)].path);
+    }
+    canonicalQueries.clear();
+    EXPECT_EQ(Load(16).size(), 16U);
+    EXPECT_EQ(canonicalQueries, needed);
+    canonicalQueries.clear();
+    EXPECT_EQ(RecentProjectStore::NormalizeRecentProjects(projects, 16).size(), 16U);
+    EXPECT_EQ(canonicalQueries, needed);
+}
+
+TEST_F(RecentList, FindsWhereEachOfItsPathsLeavesTheDisk) {
+    folder_.Make("real/deep/er/");
+    folder_.Make("other/");
+    std::filesystem::create_directory_symlink(At("real"), At("link"));
+    std::filesystem::create_directory_symlink(At("other"), At("link-2"));
+    std::filesystem::create_directory_symlink(At("other"), At("real/out"));
+    const std::pair<const char *, const char *> cases[] = {
+        {"link/gone/a", "real/gone/a"},
+        {"link/gone/b", "real/gone/b"},
+        {"link/a", "real/a"},
+        {"link/out/a", "other/a"},
+        {"link-2/gone/a", "other/gone/a"},
+        {"link/out/gone/a", "other/gone/a"}, // the same again
+        {"link/out/a/b/c/d/e/f/g/h", "other/a/b/c/d/e/f/g/h"},
+        {"link/out/a/b/c/d/e/f/g", "other/a/b/c/d/e/f/g"},
+        {"link/deep/er/a/b/c", "real/deep/er/a/b/c"},
+        {"link/deep/x//./y/", "real/deep/x/y/"},
+        {"gone/link/a", "gone/link/a"},
+    };
+    Projects list;
+    std::vector<std::filesystem::path> expected;
+    for (const auto &[path, normal] : cases) {
+        list.push_back({.path = At(path), .name = "x"});
+        if (std::ranges::find(expected, At(normal)) == expected.end()) {
+            expected.push_back(At(normal));
+        }
+    }
+    std::vector<std::filesystem::path> paths;
+    for (const RecentProject &project : RecentProjectStore::NormalizeRecentProjects(list, 0)) {
+        paths.push_back(project.path);
+    }
+    EXPECT_EQ(paths, expected);
+    std::string missing;
+    for (int depth = 1; depth < 12; ++depth) {
+        missing += "/m";
+        EXPECT_EQ(RecentProjectStore::NormalizeProjectPath(At("link/out" + missing)), At("other" + missing));
+    }
 }
 
 TEST_F(RecentList, FollowsLinksAndKeepsNamesThatAreNoText) {
