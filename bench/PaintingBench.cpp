@@ -151,7 +151,7 @@ private:
 
     struct Run {
         const QFont &font;
-        COLORREF colour;
+        COLORREF colour = 0;
         int flags = Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine;
     };
     static void Text(QPainter &painter, const RECT &rect, const QString &text, const Run &run) {
