@@ -55,7 +55,7 @@ enum class Road { Queued, Direct };
 class Ours {
 public:
     explicit Ours(Road road) {
-        logger_.Start("bench", LogFolder() / "ours");
+        logger_.Start("bench", LogFolder() / "");
         if (road == Road::Direct) {
             logger_.StopWorker(); // each record is then flushed
         }
