@@ -66,6 +66,7 @@ public:
     explicit ScriptedObject(std::string name) : name_(std::move(name)) {}
     ScriptedObject(const ScriptedObject &) = delete;
     ScriptedObject &operator=(const ScriptedObject &) = delete;
+    virtual ~ScriptedObject() = default;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void **object) override {
         Note(Line("query ", name_));
@@ -82,8 +83,6 @@ public:
     }
 
 protected:
-    ~ScriptedObject() = default;
-
     [[nodiscard]] const std::string &Name() const { return name_; }
 
 private:
@@ -169,9 +168,6 @@ public:
     HRESULT STDMETHODCALLTYPE SetDefaultExtension(LPCWSTR extension) override {
         return Play(Line("SetDefaultExtension ", WideToUtf8(extension)));
     }
-
-protected:
-    ~ScriptedDialog() = default;
 
 private:
     static HRESULT TakeFolder(const std::string &call, IShellItem *item) {
