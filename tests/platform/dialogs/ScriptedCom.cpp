@@ -42,7 +42,7 @@ template<typename Object, typename Place>
 HRESULT Give(const std::string &call, Object *object, Place **place) {
     *place = nullptr;
     const HRESULT result = Play(call);
-    if (result >= 0 && !(GoesWrong(call) && script.givesNothing)) {
+    if (!GoesWrong(call) || script.givesAnyway || (result >= 0 && !script.givesNothing)) {
         *place = object;
     }
     return result;

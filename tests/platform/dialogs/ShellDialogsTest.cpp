@@ -409,6 +409,10 @@ TEST(ShellDialogs, StartInTheFolderOnlyWhereItIsOne) {
     PlayCom({.at = "SHCreateItem", .givesNothing = true});
     EXPECT_EQ(RunFolder().status, FileDialogStatus::Accepted);
     EXPECT_EQ(std::ranges::count(ComCalls(), "SetDefaultFolder"), 0);
+    PlayCom({.at = "SHCreateItem", .result = denied, .givesAnyway = true});
+    EXPECT_EQ(RunFolder().status, FileDialogStatus::Accepted);
+    EXPECT_EQ(std::ranges::count(ComCalls(), "SetDefaultFolder"), 0);
+    EXPECT_EQ(std::ranges::count(ComCalls(), "release folder"), 1);
 }
 
 // Where paths are bytes, not every path is text and not every text a path; elsewhere each is the other.
