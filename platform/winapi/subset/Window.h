@@ -193,6 +193,9 @@ BOOL PtInRect(const RECT *rect, POINT point);
 // Input.
 HWND SetFocus(HWND window);
 HWND GetFocus();
+// The calling thread's active window, and the one that the user works with; null where that is none of ours.
+HWND GetActiveWindow();
+HWND GetForegroundWindow();
 BOOL EnableWindow(HWND window, BOOL enable);
 BOOL IsWindowEnabled(HWND window);
 BOOL TrackMouseEvent(TRACKMOUSEEVENT *event);
