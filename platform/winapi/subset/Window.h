@@ -193,6 +193,9 @@ BOOL PtInRect(const RECT *rect, POINT point);
 // Input.
 HWND SetFocus(HWND window);
 HWND GetFocus();
+// Null where the window in front is a dialog's or another program's.
+HWND GetActiveWindow();
+HWND GetForegroundWindow();
 BOOL EnableWindow(HWND window, BOOL enable);
 BOOL IsWindowEnabled(HWND window);
 BOOL TrackMouseEvent(TRACKMOUSEEVENT *event);
