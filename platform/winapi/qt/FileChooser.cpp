@@ -89,13 +89,9 @@ public:
 
     // False where the user cancelled, or where this dialog has ended with its owner.
     bool Run() {
-        const QPointer<Chooser> alive = this;
         while (exec() == Accepted) {
             if (ShowsOwnWidgets() || MayBeTaken()) {
                 return true;
-            }
-            if (alive.isNull()) {
-                return false;
             }
         }
         return false;
@@ -104,7 +100,9 @@ public:
     // The toolkit's own dialog stays where the choice can't be taken. A desktop's chooser has closed by now: Run shows
     // it again.
     void accept() override {
-        if (!ShowsOwnWidgets() || MayBeTaken()) {
+        if (!ShowsOwnWidgets()) {
+            QFileDialog::accept();
+        } else if (!EntersTypedFolder() && MayBeTaken()) {
             QFileDialog::accept();
         }
     }
@@ -112,9 +110,9 @@ public:
 private:
     [[nodiscard]] bool Has(FILEOPENDIALOGOPTIONS option) const { return (settings_.options & option) != 0; }
 
-    [[nodiscard]] bool ShowsOwnWidgets() const {
-        return findChild<QLineEdit *>(QStringLiteral("fileNameEdit")) != nullptr;
-    }
+    // Null in a desktop's chooser.
+    [[nodiscard]] QLineEdit *NameEdit() const { return findChild<QLineEdit *>(QStringLiteral("fileNameEdit")); }
+    [[nodiscard]] bool ShowsOwnWidgets() const { return NameEdit() != nullptr; }
 
     void SetUpChoice() {
         setAcceptMode(settings_.saves ? AcceptSave : AcceptOpen);
@@ -155,9 +153,35 @@ private:
         }
     }
 
-    // Tells the user why not. This dialog may be gone where the answer is no.
+    // The toolkit would take the folder's name for a new file's, and add the extension to it.
+    bool EntersTypedFolder() {
+        const QString name = NameEdit()->text();
+        const QFileInfo folder(directory(), name);
+        if (!settings_.saves || name.isEmpty() || !folder.isDir()) {
+            return false;
+        }
+        setDirectory(folder.filePath());
+        NameEdit()->clear();
+        return true;
+    }
+
+    // Of several names typed between quotes the toolkit silently drops those that don't exist.
+    [[nodiscard]] QList<QUrl> WantedUrls() const {
+        const QStringList parts = ShowsOwnWidgets() ? NameEdit()->text().split(QLatin1Char('"')) : QStringList();
+        QList<QUrl> urls;
+        for (qsizetype index = 1; index < parts.size(); index += 2) {
+            urls << QUrl::fromLocalFile(QFileInfo(directory(), parts.at(index)).filePath());
+        }
+        return urls.size() > 1 ? urls : selectedUrls();
+    }
+
+    // Tells the user why not.
     bool MayBeTaken() {
-        for (const QUrl &url : selectedUrls()) {
+        const QList<QUrl> wanted = WantedUrls();
+        if (wanted.size() > 1 && !Has(FOS_ALLOWMULTISELECT)) {
+            return Ask(this, QStringLiteral("Only one file can be chosen here."), QMessageBox::Ok);
+        }
+        for (const QUrl &url : wanted) {
             if (const QString objection = Objection(url); !objection.isEmpty()) {
                 return Ask(this, objection, QMessageBox::Ok);
             }
