@@ -30,12 +30,6 @@ std::filesystem::filesystem_error LibraryError(const std::string &operation, con
     }
 }
 
-bool IsFolder(const std::filesystem::path &path) {
-    std::error_code error;
-    const auto status = QueryEntry(path, error);
-    return status && status->isFolder;
-}
-
 // A chain of folders by its text: a location may have thousands of elements.
 class FolderChain {
 public:
@@ -91,6 +85,12 @@ bool PathExists(const std::filesystem::path &path) {
         throw PathError("exists", path, error);
     }
     return false;
+}
+
+bool IsFolder(const std::filesystem::path &path) {
+    std::error_code error;
+    const auto status = QueryEntry(path, error);
+    return status && status->isFolder;
 }
 
 bool IsPathEmpty(const std::filesystem::path &path) {

@@ -23,6 +23,9 @@ private:
 // Any kind of entry counts. Raises PathError "exists" where the question can't be answered: access denied, say.
 [[nodiscard]] bool PathExists(const std::filesystem::path &path);
 
+// False also where the question can't be answered.
+[[nodiscard]] bool IsFolder(const std::filesystem::path &path);
+
 // A folder without entries; anything else of size 0. Raises PathError "is_empty", also when there is nothing.
 [[nodiscard]] bool IsPathEmpty(const std::filesystem::path &path);
 

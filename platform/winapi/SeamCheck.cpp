@@ -51,6 +51,9 @@ OVRIN_FIELD(RECT, bottom, 12);
 
 OVRIN_VALUE(CP_UTF8, 65001);
 OVRIN_VALUE(MB_ERR_INVALID_CHARS, 8);
+OVRIN_VALUE(FORMAT_MESSAGE_ALLOCATE_BUFFER, 0x100);
+OVRIN_VALUE(FORMAT_MESSAGE_IGNORE_INSERTS, 0x200);
+OVRIN_VALUE(FORMAT_MESSAGE_FROM_SYSTEM, 0x1000);
 
 OVRIN_RECORD(STARTUPINFOW, 104);
 OVRIN_FIELD(STARTUPINFOW, lpReserved, 8);
@@ -77,6 +80,9 @@ OVRIN_FIELD(PROCESS_INFORMATION, dwThreadId, 20);
 
 OVRIN_FUNCTION(MultiByteToWideChar, int, UINT, DWORD, const char *, int, LPWSTR, int);
 OVRIN_FUNCTION(WideCharToMultiByte, int, UINT, DWORD, LPCWSTR, int, char *, int, const char *, BOOL *);
+// Where va_list is a type with attributes of its own, a template takes no notice of them.
+static_assert(std::is_same_v<decltype(FormatMessageW(0, nullptr, 0, 0, nullptr, 0, nullptr)), DWORD>);
+OVRIN_FUNCTION(LocalFree, HLOCAL, HLOCAL);
 OVRIN_FUNCTION(GetModuleFileNameW, DWORD, HMODULE, LPWSTR, DWORD);
 OVRIN_FUNCTION(GetEnvironmentVariableW, DWORD, LPCWSTR, LPWSTR, DWORD);
 OVRIN_FUNCTION(SetEnvironmentVariableW, BOOL, LPCWSTR, LPCWSTR);
@@ -238,6 +244,8 @@ OVRIN_FUNCTION(InflateRect, BOOL, RECT *, int, int);
 OVRIN_FUNCTION(PtInRect, BOOL, const RECT *, POINT);
 OVRIN_FUNCTION(SetFocus, HWND, HWND);
 OVRIN_FUNCTION(GetFocus, HWND);
+OVRIN_FUNCTION(GetActiveWindow, HWND);
+OVRIN_FUNCTION(GetForegroundWindow, HWND);
 OVRIN_FUNCTION(EnableWindow, BOOL, HWND, BOOL);
 OVRIN_FUNCTION(IsWindowEnabled, BOOL, HWND);
 OVRIN_FUNCTION(TrackMouseEvent, BOOL, TRACKMOUSEEVENT *);
@@ -285,7 +293,6 @@ OVRIN_VALUE(ICC_STANDARD_CLASSES, 0x4000);
 OVRIN_VALUE(DWMWA_USE_IMMERSIVE_DARK_MODE, 20);
 OVRIN_VALUE(DWMWA_WINDOW_CORNER_PREFERENCE, 33);
 OVRIN_VALUE(DWMWCP_ROUND, 2);
-OVRIN_VALUE(E_NOTIMPL, -0x7FFFBFFF);
 
 OVRIN_RECORD(MEASUREITEMSTRUCT, 32);
 OVRIN_FIELD(MEASUREITEMSTRUCT, CtlID, 4);
@@ -419,6 +426,71 @@ OVRIN_FUNCTION(Flat::GdipDeletePen, GpStatus, GpPen *);
 OVRIN_FUNCTION(Flat::GdipFillPath, GpStatus, GpGraphics *, GpBrush *, GpPath *);
 OVRIN_FUNCTION(Flat::GdipDrawPath, GpStatus, GpGraphics *, GpPen *, GpPath *);
 OVRIN_FUNCTION(Flat::GdipFillRectangle, GpStatus, GpGraphics *, GpBrush *, REAL, REAL, REAL, REAL);
+
+// A signed number whose top bit is set.
+#define OVRIN_CODE(name, value) static_assert(static_cast<DWORD>(name) == (value))
+#define OVRIN_METHOD(interface, name, result, ...)                                                                     \
+    static_assert(std::is_same_v<decltype(&interface::name), result (STDMETHODCALLTYPE interface::*)(__VA_ARGS__)>)
+
+OVRIN_RECORD(GUID, 16);
+OVRIN_FIELD(GUID, Data2, 4);
+OVRIN_FIELD(GUID, Data3, 6);
+OVRIN_FIELD(GUID, Data4, 8);
+OVRIN_RECORD(COMDLG_FILTERSPEC, 16);
+OVRIN_FIELD(COMDLG_FILTERSPEC, pszSpec, 8);
+
+static_assert(S_OK == 0 && S_FALSE == 1);
+OVRIN_CODE(E_NOTIMPL, 0x80004001);
+OVRIN_CODE(E_NOINTERFACE, 0x80004002);
+OVRIN_CODE(E_POINTER, 0x80004003);
+OVRIN_CODE(E_FAIL, 0x80004005);
+OVRIN_CODE(E_UNEXPECTED, 0x8000FFFF);
+OVRIN_CODE(RPC_E_CHANGED_MODE, 0x80010106);
+OVRIN_CODE(CLASS_E_NOAGGREGATION, 0x80040110);
+OVRIN_CODE(REGDB_E_CLASSNOTREG, 0x80040154);
+OVRIN_CODE(CO_E_NOTINITIALIZED, 0x800401F0);
+OVRIN_CODE(E_OUTOFMEMORY, 0x8007000E);
+OVRIN_CODE(E_INVALIDARG, 0x80070057);
+
+OVRIN_VALUE(COINIT_APARTMENTTHREADED, 2);
+OVRIN_VALUE(COINIT_DISABLE_OLE1DDE, 4);
+OVRIN_VALUE(CLSCTX_INPROC_SERVER, 1);
+OVRIN_CODE(SIGDN_FILESYSPATH, 0x80058000);
+OVRIN_NUMBER(FILEOPENDIALOGOPTIONS, 4, false);
+OVRIN_VALUE(FOS_OVERWRITEPROMPT, 0x2);
+OVRIN_VALUE(FOS_NOCHANGEDIR, 0x8);
+OVRIN_VALUE(FOS_PICKFOLDERS, 0x20);
+OVRIN_VALUE(FOS_FORCEFILESYSTEM, 0x40);
+OVRIN_VALUE(FOS_ALLOWMULTISELECT, 0x200);
+OVRIN_VALUE(FOS_PATHMUSTEXIST, 0x800);
+OVRIN_VALUE(FOS_FILEMUSTEXIST, 0x1000);
+
+OVRIN_FUNCTION(CoInitializeEx, HRESULT, void *, DWORD);
+OVRIN_FUNCTION(CoUninitialize, void);
+OVRIN_FUNCTION(CoCreateInstance, HRESULT, const CLSID &, IUnknown *, DWORD, const IID &, void **);
+OVRIN_FUNCTION(CoTaskMemFree, void, void *);
+OVRIN_FUNCTION(SHCreateItemFromParsingName, HRESULT, LPCWSTR, IBindCtx *, const IID &, void **);
+static_assert(std::is_same_v<decltype(CoTaskMemAlloc(sizeof(int))), void *>);
+
+OVRIN_METHOD(IUnknown, AddRef, ULONG);
+OVRIN_METHOD(IUnknown, Release, ULONG);
+OVRIN_METHOD(IShellItem, GetDisplayName, HRESULT, SIGDN, LPWSTR *);
+OVRIN_METHOD(IShellItemArray, GetCount, HRESULT, DWORD *);
+OVRIN_METHOD(IShellItemArray, GetItemAt, HRESULT, DWORD, IShellItem **);
+OVRIN_METHOD(IModalWindow, Show, HRESULT, HWND);
+OVRIN_METHOD(IFileDialog, SetFileTypes, HRESULT, UINT, const COMDLG_FILTERSPEC *);
+OVRIN_METHOD(IFileDialog, SetFileTypeIndex, HRESULT, UINT);
+OVRIN_METHOD(IFileDialog, SetOptions, HRESULT, FILEOPENDIALOGOPTIONS);
+OVRIN_METHOD(IFileDialog, GetOptions, HRESULT, FILEOPENDIALOGOPTIONS *);
+OVRIN_METHOD(IFileDialog, SetDefaultFolder, HRESULT, IShellItem *);
+OVRIN_METHOD(IFileDialog, SetFolder, HRESULT, IShellItem *);
+OVRIN_METHOD(IFileDialog, SetFileName, HRESULT, LPCWSTR);
+OVRIN_METHOD(IFileDialog, SetTitle, HRESULT, LPCWSTR);
+OVRIN_METHOD(IFileDialog, GetResult, HRESULT, IShellItem **);
+OVRIN_METHOD(IFileDialog, SetDefaultExtension, HRESULT, LPCWSTR);
+OVRIN_METHOD(IFileOpenDialog, GetResults, HRESULT, IShellItemArray **);
+static_assert(std::is_base_of_v<IModalWindow, IFileDialog> && std::is_base_of_v<IFileDialog, IFileOpenDialog> &&
+              std::is_base_of_v<IFileDialog, IFileSaveDialog>);
 
 static_assert(std::is_same_v<WNDPROC, LRESULT(CALLBACK *)(HWND, UINT, WPARAM, LPARAM)>);
 static_assert(std::is_same_v<SUBCLASSPROC, LRESULT(CALLBACK *)(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR)>);

@@ -193,7 +193,7 @@ BOOL PtInRect(const RECT *rect, POINT point);
 // Input.
 HWND SetFocus(HWND window);
 HWND GetFocus();
-// Null where the window in front is a dialog's or another program's.
+// The calling thread's active window, and the one that the user works with; null where that is none of ours.
 HWND GetActiveWindow();
 HWND GetForegroundWindow();
 BOOL EnableWindow(HWND window, BOOL enable);
