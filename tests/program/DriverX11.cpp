@@ -78,6 +78,15 @@ void PressEnter() {
     XdoTool("key Return");
 }
 
+void PressEscape() {
+    XdoTool("key Escape");
+}
+
+void ChooseInDialog(Window /*dialog*/, const std::filesystem::path &path) {
+    Type(path.u8string());
+    PressEnter();
+}
+
 void EraseText() {
     XdoTool("key End shift+Home BackSpace");
 }

@@ -81,7 +81,6 @@ bool Ask(QWidget *parent, const QString &text, QMessageBox::StandardButtons butt
 class Chooser final : public QFileDialog {
 public:
     Chooser(const ChooserSettings &settings, QWidget *parent) : QFileDialog(parent), settings_(settings) {
-        setWindowModality(parent != nullptr ? Qt::WindowModal : Qt::ApplicationModal);
         SetUpChoice();
         SetUpTypes();
         SetUpStart();
@@ -89,6 +88,8 @@ public:
 
     // False where the user cancelled, or where this dialog has ended with its owner.
     bool Run() {
+        // Modal for the whole program, as exec makes it: a dialog that is modal for its owner alone isn't told to the
+        // window manager as modal, and a click on the owner would take the keyboard away from it.
         while (exec() == Accepted) {
             if (ShowsOwnWidgets() || MayBeTaken()) {
                 return true;
