@@ -21,7 +21,7 @@ protected:
     }
 
     // No command gets through to the launcher meanwhile, neither then nor later.
-    void Cancel(Process &launcher, Window window, Position button, const char *title) {
+    static void Cancel(Process &launcher, Window window, Position button, const char *title) {
         Click(window, button);
         ASSERT_NE(WaitForBox(launcher, title).id, 0U);
         for (const Position command : {At::createProject, At::quit}) {
@@ -33,7 +33,7 @@ protected:
         static_cast<void>(WaitForLauncher(launcher));
     }
 
-    void Choose(Process &launcher, Window window, Position button, const char *title, const fs::path &path) {
+    static void Choose(Process &launcher, Window window, Position button, const char *title, const fs::path &path) {
         Click(window, button);
         const Window dialog = WaitForBox(launcher, title);
         ASSERT_NE(dialog.id, 0U);

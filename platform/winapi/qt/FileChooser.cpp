@@ -14,6 +14,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <utility>
 
 namespace ovrin::layer {
 
@@ -80,7 +81,7 @@ bool Ask(QWidget *parent, const QString &text, QMessageBox::StandardButtons butt
 
 class Chooser final : public QFileDialog {
 public:
-    Chooser(const ChooserSettings &settings, QWidget *parent) : QFileDialog(parent), settings_(settings) {
+    Chooser(ChooserSettings settings, QWidget *parent) : QFileDialog(parent), settings_(std::move(settings)) {
         SetUpChoice();
         SetUpTypes();
         SetUpStart();
@@ -101,9 +102,7 @@ public:
     // The toolkit's own dialog stays where the choice can't be taken. A desktop's chooser has closed by now: Run shows
     // it again.
     void accept() override {
-        if (!ShowsOwnWidgets()) {
-            QFileDialog::accept();
-        } else if (!EntersTypedFolder() && MayBeTaken()) {
+        if (!ShowsOwnWidgets() || (!EntersTypedFolder() && MayBeTaken())) {
             QFileDialog::accept();
         }
     }

@@ -124,7 +124,7 @@ protected:
         timer_.start(0);
     }
 
-    void SetFolder(IFileDialog &dialog, const fs::path &folder) {
+    static void SetFolder(IFileDialog &dialog, const fs::path &folder) {
         IShellItem *item = layer::NewShellItem(folder.string());
         EXPECT_EQ(dialog.SetFolder(item), S_OK);
         EXPECT_EQ(item->Release(), 0U);
@@ -331,8 +331,8 @@ TEST_F(FileDialog, ShowsTypesTitleNameAndFolderAsGiven) {
     IShellItem *other = layer::NewShellItem(folder_.Path().string());
     EXPECT_EQ(dialog->SetDefaultFolder(other), S_OK);
     const struct {
-        UINT index;
-        int row;
+        UINT index = 0;
+        int row = 0;
         QStringList patterns;
     } cases[] = {
         {0, 0, {"*.oproject", "*.??????", "a?b*"}},
