@@ -6,7 +6,7 @@ set -euo pipefail
 
 declare -A groups=(
     [build]="g++ cmake ninja-build googletest"
-    [desktop]="qt6-base-dev fonts-open-sans xvfb openbox xdotool x11-utils imagemagick"
+    [desktop]="qt6-base-dev fonts-open-sans xvfb openbox xdotool xclip x11-utils imagemagick"
     [windows]="g++-mingw-w64-x86-64-posix wine64"
     [checks]="clang-format clang-tidy shellcheck"
     [fuzz]="clang"

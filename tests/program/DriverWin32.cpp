@@ -27,6 +27,16 @@ BOOL CALLBACK MatchWindow(HWND window, LPARAM parameter) {
     return FALSE;
 }
 
+BOOL CALLBACK FindVisibleEdit(HWND window, LPARAM parameter) {
+    wchar_t name[16] = {};
+    GetClassNameW(window, name, 16);
+    if (std::wstring(name) != L"Edit" || !IsWindowVisible(window)) {
+        return TRUE;
+    }
+    *reinterpret_cast<HWND *>(parameter) = window;
+    return FALSE;
+}
+
 HWND HandleOf(Window window) {
     return reinterpret_cast<HWND>(window.id);
 }
@@ -114,6 +124,18 @@ void Click(Window window, Position position, int times) {
 
 void PressEnter() {
     Press(VK_RETURN);
+}
+
+void PressEscape() {
+    Press(VK_ESCAPE);
+}
+
+// Into the edit itself, since the focus may be in the list; the first button of every such dialog confirms.
+void ChooseInDialog(Window dialog, const std::filesystem::path &path) {
+    HWND edit = nullptr;
+    EnumChildWindows(HandleOf(dialog), FindVisibleEdit, reinterpret_cast<LPARAM>(&edit));
+    SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+    PostMessageW(GetDlgItem(HandleOf(dialog), IDOK), BM_CLICK, 0, 0);
 }
 
 // Without the shift key: Wine may take it for released when the window becomes active at that moment.

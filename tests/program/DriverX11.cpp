@@ -23,6 +23,15 @@ std::string Run(const std::string &command) {
     return output;
 }
 
+// As one word for the shell.
+std::string Quoted(const std::u8string &text) {
+    std::string quoted = "'";
+    for (const char8_t unit : text) {
+        quoted += unit == u8'\'' ? std::string("'\\''") : std::string(1, static_cast<char>(unit));
+    }
+    return quoted + "'";
+}
+
 std::string XdoTool(const std::string &arguments) {
     return Run("xdotool " + arguments);
 }
@@ -78,16 +87,22 @@ void PressEnter() {
     XdoTool("key Return");
 }
 
+void PressEscape() {
+    XdoTool("key Escape");
+}
+
+// Pasted: a key borrowed for a letter that the keyboard hasn't may be given back before a busy dialog has read it.
+void ChooseInDialog(Window /*dialog*/, const std::filesystem::path &path) {
+    Run("printf %s " + Quoted(path.u8string()) + " | xclip -selection clipboard >/dev/null");
+    XdoTool("key ctrl+v Return");
+}
+
 void EraseText() {
     XdoTool("key End shift+Home BackSpace");
 }
 
 void Type(const std::u8string &text) {
-    std::string quoted;
-    for (const char8_t unit : text) {
-        quoted += unit == u8'\'' ? std::string("'\\''") : std::string(1, static_cast<char>(unit));
-    }
-    XdoTool("type --delay 4 -- '" + quoted + "'");
+    XdoTool("type --delay 4 -- " + Quoted(text));
 }
 
 // The window manager's own key, since no part of the frame has a fixed place.

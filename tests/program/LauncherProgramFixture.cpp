@@ -78,13 +78,18 @@ Window LauncherProgram::WaitForLauncher(const Process &process) {
     return window.value_or(Window{});
 }
 
-void LauncherProgram::ExpectMessage(Process &process, const std::string &title) {
+Window LauncherProgram::WaitForBox(const Process &process, const std::string &title) {
     std::optional<Window> box;
-    ASSERT_TRUE(WaitUntil([&] {
+    EXPECT_TRUE(WaitUntil([&] {
         box = FindVisibleWindow(process, title);
         return box && IsActive(*box);
-    })) << "no message box \""
+    })) << "no box \""
         << title << '"';
+    return box.value_or(Window{});
+}
+
+void LauncherProgram::ExpectMessage(Process &process, const std::string &title) {
+    ASSERT_NE(WaitForBox(process, title).id, 0U);
     PressEnter();
     EXPECT_TRUE(WaitUntil([&] { return !FindVisibleWindow(process, title); }));
     EXPECT_EQ(process.ExitCode(), std::nullopt);

@@ -13,9 +13,11 @@ constexpr Position projectName{453, 151};
 constexpr Position templateFace{1006, 151};
 constexpr Position templateRow[4] = {{1006, 200}, {1006, 240}, {1006, 280}, {1006, 320}};
 constexpr Position location{448, 237};
+constexpr Position browse{904, 237};
 constexpr Position createProject{1066, 237};
 constexpr Position secondRecentRow{600, 510};
 constexpr Position openSelected{147, 733};
+constexpr Position openProject{329, 733};
 constexpr Position quit{1103, 733};
 } // namespace At
 
@@ -30,6 +32,8 @@ protected:
     void PlaceSibling(Sibling sibling);
     // Waits for the window to be there and active; fails the test where it doesn't come.
     [[nodiscard]] static Window WaitForLauncher(const Process &process);
+    // Waits for a message box or a dialog to be there and active; fails the test where it doesn't come.
+    [[nodiscard]] static Window WaitForBox(const Process &process, const std::string &title);
     // The box comes, Enter closes it, and the launcher is still there.
     static void ExpectMessage(Process &process, const std::string &title);
     static void ExpectExitCode(Process &process, int code);

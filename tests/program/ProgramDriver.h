@@ -43,6 +43,9 @@ struct Position {
 [[nodiscard]] bool IsActive(Window window);
 void Click(Window window, Position position, int times = 1);
 void PressEnter();
+void PressEscape();
+// Types a path where the active file dialog takes one, and confirms it.
+void ChooseInDialog(Window dialog, const std::filesystem::path &path);
 // Of the edit that has the focus; up to 300 characters.
 void EraseText();
 void Type(const std::u8string &text);

@@ -35,6 +35,16 @@ HWND GetFocus() {
     return host == nullptr ? nullptr : host->handle();
 }
 
+HWND GetActiveWindow() {
+    const auto *host = HostOf(QApplication::activeWindow());
+    return host == nullptr ? nullptr : host->handle();
+}
+
+// Another program's window has no handle here.
+HWND GetForegroundWindow() {
+    return GetActiveWindow();
+}
+
 BOOL EnableWindow(HWND window, BOOL enable) {
     auto *host = HostOf(window);
     if (host == nullptr) {

@@ -1,5 +1,6 @@
 #include "platform/winapi/qt/TestAccess.h"
 
+#include "platform/winapi/qt/ComObject.h"
 #include "platform/winapi/qt/DeviceContext.h"
 #include "platform/winapi/qt/WindowHost.h"
 
@@ -13,7 +14,7 @@ QWidget *WidgetOf(HWND window) {
 LiveCounts CountLiveObjects() {
     const DrawingCounts drawing = CountDrawingObjects();
     return {AllHosts().size(), drawing.contexts, drawing.brushes, drawing.pens,
-            drawing.fonts,     drawing.bitmaps,  drawing.shapes};
+            drawing.fonts,     drawing.bitmaps,  drawing.shapes,  LiveObject::Count()};
 }
 
 } // namespace ovrin::layer

@@ -21,6 +21,7 @@ struct LiveCounts {
     std::size_t fonts = 0;
     std::size_t bitmaps = 0;
     std::size_t shapes = 0;
+    std::size_t comObjects = 0;
 
     bool operator==(const LiveCounts &) const = default;
 };
