@@ -22,7 +22,7 @@ WideText SystemMessage(std::uint32_t code) {
         FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_FROM_SYSTEM,
                        nullptr, code, 0, reinterpret_cast<LPWSTR>(&buffer), 0, nullptr);
     const std::unique_ptr<WideChar, LocalMemoryRelease> owner(buffer);
-    return length == 0 || buffer == nullptr ? WideText() : WideText(buffer, length);
+    return buffer == nullptr ? WideText() : WideText(buffer, length);
 }
 
 } // namespace

@@ -42,7 +42,7 @@ template<typename Object, typename Place>
 HRESULT Give(const std::string &call, Object *object, Place **place) {
     *place = nullptr;
     const HRESULT result = Play(call);
-    if (result >= 0 && !(GoesWrong(call) && script.givesNothing)) {
+    if (!GoesWrong(call) || script.givesAnyway || (result >= 0 && !script.givesNothing)) {
         *place = object;
     }
     return result;
@@ -66,6 +66,7 @@ public:
     explicit ScriptedObject(std::string name) : name_(std::move(name)) {}
     ScriptedObject(const ScriptedObject &) = delete;
     ScriptedObject &operator=(const ScriptedObject &) = delete;
+    virtual ~ScriptedObject() = default;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void **object) override {
         Note(Line("query ", name_));
@@ -82,8 +83,6 @@ public:
     }
 
 protected:
-    ~ScriptedObject() = default;
-
     [[nodiscard]] const std::string &Name() const { return name_; }
 
 private:
@@ -169,9 +168,6 @@ public:
     HRESULT STDMETHODCALLTYPE SetDefaultExtension(LPCWSTR extension) override {
         return Play(Line("SetDefaultExtension ", WideToUtf8(extension)));
     }
-
-protected:
-    ~ScriptedDialog() = default;
 
 private:
     static HRESULT TakeFolder(const std::string &call, IShellItem *item) {

@@ -14,6 +14,7 @@ struct ComScript {
     const char *at = "";       // the call that goes wrong, by its first words; empty: none
     HRESULT result = S_OK;     // what it returns
     bool givesNothing = false; // it gives null, or no items
+    bool givesAnyway = false;  // it gives its object although it fails
     bool raises = false;       // std::bad_alloc
     FILEOPENDIALOGOPTIONS setOptions = 0;
     int activeWindow = 7;

@@ -17,7 +17,6 @@ namespace {
 
 using testing::Calls;
 using testing::ComCalls;
-using testing::ComScript;
 using testing::PlayCom;
 
 constexpr HRESULT denied = static_cast<HRESULT>(0x80070005);
@@ -192,10 +191,10 @@ TEST(ShellDialogs, CallThePlatformInOrderAndReleaseInTheOppositeOne) {
 // A step that may go wrong: by a failing result, by success that gives nothing, by an exception. Without a label what
 // the step gives is ignored.
 struct Step {
-    const char *call;
-    const char *label;
-    const char *held;      // while it is called
-    HRESULT ifNothing = 0; // the code told for success that gives nothing; 0: it can't be
+    const char *call = "";
+    const char *label = nullptr;
+    const char *held = "";    // while it is called
+    HRESULT ifNothing = S_OK; // the code told for success that gives nothing, where that can be
 };
 
 void ExpectStep(const std::function<FileDialogResult()> &run, const Step &step) {
@@ -212,7 +211,7 @@ void ExpectStep(const std::function<FileDialogResult()> &run, const Step &step) 
         const std::size_t missing = step.call == std::string("SHCreateItem") ? 3 : 0; // what is done with the item
         EXPECT_EQ(ComCalls().size(), whole.size() - missing);
     }
-    if (step.ifNothing != 0) {
+    if (step.ifNothing != S_OK) {
         PlayCom({.at = step.call, .givesNothing = true, .chosen = three});
         ExpectFailure(run(), step.label, step.ifNothing);
         EXPECT_EQ(ComCalls(), ended);
@@ -410,6 +409,10 @@ TEST(ShellDialogs, StartInTheFolderOnlyWhereItIsOne) {
     PlayCom({.at = "SHCreateItem", .givesNothing = true});
     EXPECT_EQ(RunFolder().status, FileDialogStatus::Accepted);
     EXPECT_EQ(std::ranges::count(ComCalls(), "SetDefaultFolder"), 0);
+    PlayCom({.at = "SHCreateItem", .result = denied, .givesAnyway = true});
+    EXPECT_EQ(RunFolder().status, FileDialogStatus::Accepted);
+    EXPECT_EQ(std::ranges::count(ComCalls(), "SetDefaultFolder"), 0);
+    EXPECT_EQ(std::ranges::count(ComCalls(), "release folder"), 1);
 }
 
 // Where paths are bytes, not every path is text and not every text a path; elsewhere each is the other.
