@@ -83,7 +83,7 @@ TEST(RecentListAtStart, ShowsSixteenAndRewritesTheFileOnlyWhereOneHasGone) {
         SCOPED_TRACE(each.label);
         const Sandbox sandbox;
         const ListOnDisk list(sandbox, each.count, each.missing);
-        RunLauncher([&](const LauncherRun &run) { ExpectView(run.state, each.shown); });
+        RunLauncher([&](const LauncherRun &run) { ExpectView(*run.state, each.shown); });
         EXPECT_EQ(ListOnDisk::Lines(), each.lines);
         EXPECT_EQ(list.IsUntouched(), each.lines == static_cast<std::size_t>(each.count));
     }
@@ -95,21 +95,21 @@ TEST(RemoveMissing, ChangesListAndFileOnlyWhereOneHasGone) {
     RunLauncher([&](const LauncherRun &run) {
         const auto removeMissing = [&] {
             SendMessageW(run.window, WM_COMMAND, MAKEWPARAM(ControlId::removeMissing, BN_CLICKED),
-                         reinterpret_cast<LPARAM>(run.state.removeMissingButton));
+                         reinterpret_cast<LPARAM>(run.state->removeMissingButton));
         };
-        SendMessageW(run.state.recentList, LB_SETCURSEL, 3, 0);
+        SendMessageW(run.state->recentList, LB_SETCURSEL, 3, 0);
         removeMissing();
-        EXPECT_EQ(SendMessageW(run.state.recentList, LB_GETCURSEL, 0, 0), 3);
+        EXPECT_EQ(SendMessageW(run.state->recentList, LB_GETCURSEL, 0, 0), 3);
         EXPECT_TRUE(list.IsUntouched());
         list.Remove(7);
         removeMissing();
-        ExpectView(run.state, 15);
+        ExpectView(*run.state, 15);
         EXPECT_EQ(ListOnDisk::Lines(), 15U); // what wasn't shown is gone with it
         for (int number = 0; number < 20; ++number) {
             list.Remove(number);
         }
         removeMissing();
-        ExpectView(run.state, 0);
+        ExpectView(*run.state, 0);
         EXPECT_EQ(ListOnDisk::Lines(), 0U);
     });
 }

@@ -1,12 +1,12 @@
 // Real input through SendInput. Input carries times of its own, so that the machine's speed never decides what is a
 // double click. A message box is met by a hook on activation and answered from inside its own message loop.
+#include "launcher/look/GdiHandles.h"
 #include "tests/desktop/DesktopDriver.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -20,12 +20,10 @@ namespace {
 
 constexpr DWORD apart = 10'000; // milliseconds, far beyond any double-click time
 constexpr DWORD inARow = 1;
-constexpr UINT boxIsUp = WM_APP;
-constexpr UINT callAction = WM_APP + 1;
 
 std::function<void(const MessageBoxSeen &)> boxObserver;
 HWND knownBox = nullptr;
-std::function<void()> loopAction;
+std::function<void()> posted;
 
 DWORD InputTime(DWORD step) {
     static DWORD now = 1;
@@ -61,15 +59,15 @@ WideText TextOf(HWND window) {
     return buffer.data();
 }
 
-UINT IconFlag(HICON icon) {
-    const std::pair<LPCSTR, UINT> icons[] = {
-        {IDI_ERROR, MB_ICONERROR}, {IDI_WARNING, MB_ICONWARNING}, {IDI_INFORMATION, MB_ICONINFORMATION}};
-    for (const auto &[name, flag] : icons) {
-        if (icon != nullptr && LoadIconA(nullptr, name) == icon) {
-            return flag;
+std::string_view NameOf(HICON icon) {
+    const std::pair<LPCSTR, std::string_view> icons[] = {
+        {IDI_ERROR, "error"}, {IDI_WARNING, "warning"}, {IDI_INFORMATION, "information"}};
+    for (const auto &[resource, name] : icons) {
+        if (icon != nullptr && LoadIconA(nullptr, resource) == icon) {
+            return name;
         }
     }
-    return 0;
+    return "plain";
 }
 
 BOOL CALLBACK ReadBoxChild(HWND child, LPARAM target) {
@@ -83,7 +81,7 @@ BOOL CALLBACK ReadBoxChild(HWND child, LPARAM target) {
     if (WideTextView{name.data()} == L"Button") {
         ++box.buttons;
     } else if ((style & SS_TYPEMASK) == SS_ICON) {
-        box.icon = IconFlag(reinterpret_cast<HICON>(SendMessageW(child, STM_GETICON, 0, 0)));
+        box.icon = NameOf(reinterpret_cast<HICON>(SendMessageW(child, STM_GETICON, 0, 0)));
     } else {
         box.text += TextOf(child);
     }
@@ -91,7 +89,7 @@ BOOL CALLBACK ReadBoxChild(HWND child, LPARAM target) {
 }
 
 void MeetBox(HWND box) {
-    MessageBoxSeen seen{.title = TextOf(box), .text = {}, .icon = 0, .buttons = 0};
+    MessageBoxSeen seen{.title = TextOf(box), .text = {}, .icon = "plain", .buttons = 0};
     EnumChildWindows(box, ReadBoxChild, reinterpret_cast<LPARAM>(&seen));
     if (boxObserver) {
         boxObserver(seen);
@@ -100,28 +98,28 @@ void MeetBox(HWND box) {
     SendMessageW(box, WM_COMMAND, IDOK, 0);
 }
 
-LRESULT CALLBACK MeetingProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case boxIsUp: MeetBox(reinterpret_cast<HWND>(lParam)); return 0;
-    case callAction: std::exchange(loopAction, nullptr)(); return 0;
-    default: return DefWindowProcW(window, message, wParam, lParam);
+LRESULT CALLBACK CallPosted(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_APP) {
+        return DefWindowProcW(window, message, wParam, lParam);
     }
+    std::exchange(posted, nullptr)();
+    return 0;
 }
 
-HWND MeetingWindow() {
-    static const HWND window = [] {
-        const HWND made = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-        SetWindowLongPtrW(made, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&MeetingProc));
-        return made;
-    }();
-    return window;
+// Calls it from the message loop that runs next, a message box's included.
+void Post(std::function<void()> action) {
+    static const HWND window =
+        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&CallPosted));
+    posted = std::move(action);
+    PostMessageW(window, WM_APP, 0, 0);
 }
 
 LRESULT CALLBACK WatchActivation(int code, WPARAM wParam, LPARAM lParam) {
     const auto window = reinterpret_cast<HWND>(wParam);
     if (code == HCBT_ACTIVATE && GetClassLongPtrW(window, GCW_ATOM) == 32770 && window != knownBox) {
         knownBox = window;
-        PostMessageW(MeetingWindow(), boxIsUp, 0, static_cast<LPARAM>(wParam));
+        Post([window] { MeetBox(window); });
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
@@ -163,12 +161,8 @@ bool HandleOneMessage() {
 
 } // namespace
 
-void CallFromLoop(std::function<void()> action) {
-    loopAction = std::move(action);
-    PostMessageW(MeetingWindow(), callAction, 0, 0);
-}
-
-int RunEntry() {
+int RunEntry(std::function<void()> action) {
+    Post(std::move(action));
     // Wine tells that the mouse has left when this time is over.
     SystemParametersInfoW(SPI_SETMOUSEHOVERTIME, 10, nullptr, 0);
     const HINSTANCE instance = GetModuleHandleW(nullptr);
@@ -184,39 +178,11 @@ void Settle() {
     }
 }
 
-bool PumpUntil(const std::function<bool()> &condition) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes{1};
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > deadline) {
-            return false;
-        }
-        Settle();
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
-    }
-    return true;
-}
-
-void MoveMouse(HWND window, POINT point) {
-    SendMouse(window, point, 0, inARow);
+void UseMouse(HWND window, POINT point, MouseAct act) {
+    constexpr DWORD none = 0, down = MOUSEEVENTF_LEFTDOWN, up = MOUSEEVENTF_LEFTUP;
+    const DWORD flags = act == MouseAct::Move ? none : act == MouseAct::Release ? up : down;
+    SendMouse(window, point, flags, act == MouseAct::Press ? apart : inARow);
     Settle();
-}
-
-void PressMouse(HWND window, POINT point) {
-    SendMouse(window, point, MOUSEEVENTF_LEFTDOWN, apart);
-    Settle();
-}
-
-void ReleaseMouse(HWND window, POINT point) {
-    SendMouse(window, point, MOUSEEVENTF_LEFTUP, inARow);
-    Settle();
-}
-
-void DoubleClickMouse(HWND window, POINT point) {
-    PressMouse(window, point);
-    ReleaseMouse(window, point);
-    SendMouse(window, point, MOUSEEVENTF_LEFTDOWN, inARow);
-    Settle();
-    ReleaseMouse(window, point);
 }
 
 void PressKey(HWND /*window*/, WPARAM key, KeyPlace place, int presses) {
@@ -239,13 +205,8 @@ void TypeText(HWND /*window*/, WideTextView text) {
     Settle();
 }
 
-void DeactivateApplication(HWND /*window*/) {
-    SetForegroundWindow(GetDesktopWindow());
-    Settle();
-}
-
-void ActivateApplication(HWND window) {
-    SetForegroundWindow(window);
+void SetActive(HWND window, bool active) {
+    SetForegroundWindow(active ? window : GetDesktopWindow());
     Settle();
 }
 
@@ -259,40 +220,19 @@ void OnMessageBox(std::function<void(const MessageBoxSeen &)> observer) {
     boxObserver = std::move(observer);
 }
 
-struct Canvas::Bits {
-    explicit Bits(SIZE size) {
-        BITMAPINFO info{};
-        info.bmiHeader.biSize = sizeof info.bmiHeader;
-        info.bmiHeader.biWidth = size.cx;
-        info.bmiHeader.biHeight = -size.cy;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        void *memory = nullptr;
-        bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &memory, nullptr, 0);
-        old = SelectObject(dc, bitmap);
+std::vector<COLORREF> Painted(SIZE size, const std::function<void(HDC)> &paint) {
+    std::vector<COLORREF> pixels(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy));
+    const UniqueBitmap bitmap{CreateBitmap(size.cx, size.cy, 1, 32, pixels.data())};
+    const HDC dc = CreateCompatibleDC(nullptr);
+    {
+        const SelectionScope selected{dc, bitmap.get()};
+        paint(dc);
+        for (std::size_t at = 0; at < pixels.size(); ++at) {
+            pixels[at] = GetPixel(dc, static_cast<LONG>(at) % size.cx, static_cast<LONG>(at) / size.cx);
+        }
     }
-    Bits(const Bits &) = delete;
-    Bits &operator=(const Bits &) = delete;
-    ~Bits() {
-        SelectObject(dc, old);
-        DeleteObject(bitmap);
-        DeleteDC(dc);
-    }
-
-    HDC dc = CreateCompatibleDC(nullptr);
-    HBITMAP bitmap = nullptr;
-    HGDIOBJ old = nullptr;
-};
-
-Canvas::Canvas(SIZE size) : bits_(std::make_unique<Bits>(size)) {}
-Canvas::~Canvas() = default;
-
-HDC Canvas::dc() const {
-    return bits_->dc;
-}
-
-COLORREF Canvas::PixelAt(POINT point) const {
-    return GetPixel(bits_->dc, point.x, point.y);
+    DeleteDC(dc);
+    return pixels;
 }
 
 std::size_t CountDrawingObjects() {
@@ -313,42 +253,22 @@ std::size_t AllocatedMemory() {
 
 } // namespace ovrin::desktop
 
-namespace {
-
-// Starts a program with our standard handles, on a desktop where one is named.
-PROCESS_INFORMATION Start(std::wstring commandLine, std::wstring desktop) {
+int main(int argc, char **argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    if (!ovrin::desktop::IsWine()) {
+        return RUN_ALL_TESTS();
+    }
+    // Under Wine a window manager answers some time later, when the next input is already under way. So there the tests
+    // run on a desktop of their own that no window manager and no display has a part in.
+    const std::wstring name = L"ovrin-test-" + std::to_wstring(GetCurrentProcessId());
+    std::wstring commandLine = L"explorer.exe /desktop=" + name + L",1400x1000,null";
     STARTUPINFOW startUp{};
     startUp.cb = sizeof startUp;
-    startUp.lpDesktop = desktop.empty() ? nullptr : desktop.data();
-    startUp.dwFlags = STARTF_USESTDHANDLES;
-    startUp.hStdOutput = GetStdHandle(STD_OUTPUT_HANDLE);
-    startUp.hStdError = GetStdHandle(STD_ERROR_HANDLE);
-    PROCESS_INFORMATION process{};
-    CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startUp, &process);
-    return process;
-}
-
-// Under Wine a window manager answers some time later, when the next input is already under way. So there the tests run
-// on a desktop of their own that no window manager and no display has a part in.
-int RunOnDesktopOfItsOwn() {
-    const std::wstring name = L"ovrin-test-" + std::to_wstring(GetCurrentProcessId());
-    SetEnvironmentVariableW(L"OVRIN_TEST_DESKTOP", name.c_str());
-    const PROCESS_INFORMATION desktop = Start(L"explorer.exe /desktop=" + name + L",1400x1000,null", L"");
+    PROCESS_INFORMATION desktop{};
+    CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startUp, &desktop);
     WaitForInputIdle(desktop.hProcess, INFINITE);
-    const PROCESS_INFORMATION tests = Start(GetCommandLineW(), name);
-    WaitForSingleObject(tests.hProcess, INFINITE);
-    DWORD exitCode = 1;
-    GetExitCodeProcess(tests.hProcess, &exitCode);
+    SetThreadDesktop(OpenDesktopW(name.c_str(), 0, FALSE, GENERIC_ALL));
+    const int result = RUN_ALL_TESTS();
     TerminateProcess(desktop.hProcess, 0);
-    return static_cast<int>(exitCode);
-}
-
-} // namespace
-
-int main(int argc, char **argv) {
-    if (ovrin::desktop::IsWine() && GetEnvironmentVariableW(L"OVRIN_TEST_DESKTOP", nullptr, 0) == 0) {
-        return RunOnDesktopOfItsOwn();
-    }
-    ::testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
+    return result;
 }
