@@ -17,10 +17,8 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <malloc.h>
 #include <map>
-#include <optional>
 #include <utility>
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE previousInstance, LPWSTR commandLine, int showCommand);

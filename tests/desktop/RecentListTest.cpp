@@ -1,12 +1,9 @@
 // The list on disk and the list in the window: when each follows the other.
 #include "core/recent/RecentProjectStore.h"
-#include "tests/desktop/DesktopDriver.h"
-#include "tests/desktop/Recorder.h"
-#include "tests/desktop/Sandbox.h"
+#include "tests/desktop/ScriptPlayer.h"
 
 #include <chrono>
 #include <gtest/gtest.h>
-#include <iterator>
 
 namespace ovrin::desktop {
 
@@ -14,10 +11,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A list of that many projects, "0" and on, of which some have no file.
-class ListOnDisk {
-public:
-    ListOnDisk(const Sandbox &sandbox, int count, const std::vector<int> &missing) : sandbox_(sandbox) {
+// A list of that many projects, "0" and on, of which some have no file; written long ago.
+struct ListOnDisk {
+    ListOnDisk(int count, const std::vector<int> &missing) {
         std::vector<RecentProject> projects;
         for (int number = 0; number < count; ++number) {
             const std::string name = std::to_string(number);
@@ -27,29 +23,15 @@ public:
         for (const int number : missing) {
             Remove(number);
         }
-        const auto longAgo = fs::last_write_time(File()) - std::chrono::hours(1);
-        fs::last_write_time(File(), longAgo);
-        written_ = longAgo;
-        content_ = Read();
+        fs::last_write_time(file, written);
     }
+    void Remove(int number) const { fs::remove(sandbox.folder().Path() / (std::to_string(number) + ".oproject")); }
+    [[nodiscard]] bool IsUntouched() const { return fs::last_write_time(file) == written; }
+    [[nodiscard]] static std::size_t Size() { return RecentProjectStore::LoadRecentProjects(0).size(); }
 
-    void Remove(int number) const { fs::remove(sandbox_.folder().Path() / (std::to_string(number) + ".oproject")); }
-    [[nodiscard]] bool IsUntouched() const { return Read() == content_ && fs::last_write_time(File()) == written_; }
-    [[nodiscard]] static std::size_t Lines() {
-        const std::string content = Read();
-        return static_cast<std::size_t>(std::count(content.begin(), content.end(), '\n'));
-    }
-
-private:
-    static fs::path File() { return RecentProjectStore::GetRecentProjectsPath(); }
-    static std::string Read() {
-        std::ifstream file(File(), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-    const Sandbox &sandbox_;
-    fs::file_time_type written_;
-    std::string content_;
+    Sandbox sandbox;
+    fs::path file = RecentProjectStore::GetRecentProjectsPath();
+    fs::file_time_type written = std::chrono::floor<std::chrono::hours>(fs::file_time_type::clock::now());
 };
 
 void ExpectView(const LauncherState &state, std::size_t rows) {
@@ -68,7 +50,7 @@ TEST(RecentListAtStart, ShowsSixteenAndRewritesTheFileOnlyWhereOneHasGone) {
         int count;
         std::vector<int> missing;
         std::size_t shown;
-        std::size_t lines; // in the file afterwards
+        std::size_t kept; // in the file afterwards
     } cases[] = {
         {"an empty file", 0, {}, 0, 0},
         {"all there", 5, {}, 5, 5},
@@ -81,36 +63,31 @@ TEST(RecentListAtStart, ShowsSixteenAndRewritesTheFileOnlyWhereOneHasGone) {
     };
     for (const auto &each : cases) {
         SCOPED_TRACE(each.label);
-        const Sandbox sandbox;
-        const ListOnDisk list(sandbox, each.count, each.missing);
+        const ListOnDisk list(each.count, each.missing);
         RunLauncher([&](const LauncherRun &run) { ExpectView(*run.state, each.shown); });
-        EXPECT_EQ(ListOnDisk::Lines(), each.lines);
-        EXPECT_EQ(list.IsUntouched(), each.lines == static_cast<std::size_t>(each.count));
+        EXPECT_EQ(ListOnDisk::Size(), each.kept);
+        EXPECT_EQ(list.IsUntouched(), each.kept == static_cast<std::size_t>(each.count));
     }
 }
 
 TEST(RemoveMissing, ChangesListAndFileOnlyWhereOneHasGone) {
-    const Sandbox sandbox;
-    const ListOnDisk list(sandbox, 20, {});
-    RunLauncher([&](const LauncherRun &run) {
-        const auto removeMissing = [&] {
-            SendMessageW(run.window, WM_COMMAND, MAKEWPARAM(ControlId::removeMissing, BN_CLICKED),
-                         reinterpret_cast<LPARAM>(run.state->removeMissingButton));
-        };
-        SendMessageW(run.state->recentList, LB_SETCURSEL, 3, 0);
-        removeMissing();
-        EXPECT_EQ(SendMessageW(run.state->recentList, LB_GETCURSEL, 0, 0), 3);
+    const ListOnDisk list(20, {});
+    RunLauncher([&](LauncherRun &run) {
+        ScriptPlayer player{run, list.sandbox};
+        player.Play("click recent:2");
+        player.Play("click remove-missing");
+        EXPECT_EQ(SendMessageW(run.state->recentList, LB_GETCURSEL, 0, 0), 2);
         EXPECT_TRUE(list.IsUntouched());
         list.Remove(7);
-        removeMissing();
+        player.Play("click remove-missing");
         ExpectView(*run.state, 15);
-        EXPECT_EQ(ListOnDisk::Lines(), 15U); // what wasn't shown is gone with it
+        EXPECT_EQ(ListOnDisk::Size(), 15U); // what wasn't shown is gone with it
         for (int number = 0; number < 20; ++number) {
             list.Remove(number);
         }
-        removeMissing();
+        player.Play("click remove-missing");
         ExpectView(*run.state, 0);
-        EXPECT_EQ(ListOnDisk::Lines(), 0U);
+        EXPECT_EQ(ListOnDisk::Size(), 0U);
     });
 }
 

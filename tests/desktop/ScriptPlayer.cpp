@@ -1,11 +1,11 @@
 #include "tests/desktop/ScriptPlayer.h"
 
 #include "launcher/workflows/EditorLaunch.h"
+#include "launcher/workflows/FormInput.h"
 #include "launcher/workflows/RecentListView.h"
 #include "platform/text/TextConversion.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <iomanip>
 
@@ -57,12 +57,10 @@ std::string Facts(HWND window) {
     const DWORD others = WS_VISIBLE | WS_DISABLED | WS_VSCROLL | ((style & WS_CHILD) != 0 ? 0 : WS_CLIPSIBLINGS);
     RECT client{};
     GetClientRect(window, &client);
-    std::array<WideChar, 1024> text{};
-    GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
     std::ostringstream facts;
     facts << std::hex << (style & ~others) << std::dec << ' ' << client.right << 'x' << client.bottom
           << (IsWindowVisible(window) != 0 ? "" : " hidden") << (IsWindowEnabled(window) != 0 ? "" : " disabled")
-          << " \"" << WideToUtf8(text.data()) << '"';
+          << " \"" << WideToUtf8(ReadFormText(window)) << '"';
     return facts.str();
 }
 

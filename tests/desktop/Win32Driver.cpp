@@ -1,6 +1,7 @@
 // Real input through SendInput. Input carries times of its own, so that the machine's speed never decides what is a
 // double click. A message box is met by a hook on activation and answered from inside its own message loop.
 #include "launcher/look/GdiHandles.h"
+#include "launcher/workflows/FormInput.h"
 #include "tests/desktop/DesktopDriver.h"
 
 #include <gtest/gtest.h>
@@ -30,33 +31,11 @@ DWORD InputTime(DWORD step) {
     return now += step;
 }
 
-void SendMouse(HWND window, POINT point, DWORD flags, DWORD step) {
-    ClientToScreen(window, &point);
-    const LONG width = GetSystemMetrics(SM_CXSCREEN);
-    const LONG height = GetSystemMetrics(SM_CYSCREEN);
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dx = (point.x * 65536 + width - 1) / width;
-    input.mi.dy = (point.y * 65536 + height - 1) / height;
-    input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | flags;
-    input.mi.time = InputTime(step);
-    SendInput(1, &input, sizeof input);
-}
-
 void SendKey(WORD key, WORD scan, DWORD flags) {
     INPUT input{};
     input.type = INPUT_KEYBOARD;
-    input.ki.wVk = key;
-    input.ki.wScan = scan;
-    input.ki.dwFlags = flags;
-    input.ki.time = InputTime(inARow);
+    input.ki = {key, scan, flags, InputTime(inARow), 0};
     SendInput(1, &input, sizeof input);
-}
-
-WideText TextOf(HWND window) {
-    std::array<wchar_t, 1024> buffer{};
-    GetWindowTextW(window, buffer.data(), static_cast<int>(buffer.size()));
-    return buffer.data();
 }
 
 std::string_view NameOf(HICON icon) {
@@ -83,13 +62,13 @@ BOOL CALLBACK ReadBoxChild(HWND child, LPARAM target) {
     } else if ((style & SS_TYPEMASK) == SS_ICON) {
         box.icon = NameOf(reinterpret_cast<HICON>(SendMessageW(child, STM_GETICON, 0, 0)));
     } else {
-        box.text += TextOf(child);
+        box.text += ReadFormText(child);
     }
     return TRUE;
 }
 
 void MeetBox(HWND box) {
-    MessageBoxSeen seen{.title = TextOf(box), .text = {}, .icon = "plain", .buttons = 0};
+    MessageBoxSeen seen{.title = ReadFormText(box), .text = {}, .icon = "plain", .buttons = 0};
     EnumChildWindows(box, ReadBoxChild, reinterpret_cast<LPARAM>(&seen));
     if (boxObserver) {
         boxObserver(seen);
@@ -144,21 +123,6 @@ std::size_t CountInSharedTable() {
         std::count_if(table, table + entries, [](const Entry &entry) { return entry.kind != 0; }));
 }
 
-// False when nothing is waiting, or the loop's end is.
-bool HandleOneMessage() {
-    MSG message;
-    if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == 0) {
-        return false;
-    }
-    if (message.message == WM_QUIT) {
-        PostQuitMessage(static_cast<int>(message.wParam));
-        return false;
-    }
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-    return true;
-}
-
 } // namespace
 
 int RunEntry(std::function<void()> action) {
@@ -167,21 +131,32 @@ int RunEntry(std::function<void()> action) {
     SystemParametersInfoW(SPI_SETMOUSEHOVERTIME, 10, nullptr, 0);
     const HINSTANCE instance = GetModuleHandleW(nullptr);
     const int exitCode = wWinMain(instance, nullptr, nullptr, SW_SHOWNORMAL);
-    UnregisterClassW(L"OvrinLauncherWindow", instance); // the entry leaves it to the end of the process
-    SendMouse(GetDesktopWindow(), {0, 0}, 0, apart);
-    Settle(); // what is left of this run must not reach the next one
+    UnregisterClassW(L"OvrinLauncherWindow", instance);   // the entry leaves it to the end of the process
+    UseMouse(GetDesktopWindow(), {0, 0}, MouseAct::Move); // what is left of this run must not reach the next one
     return exitCode;
 }
 
 void Settle() {
-    while (HandleOneMessage()) {
+    for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0;) {
+        if (message.message == WM_QUIT) {
+            return PostQuitMessage(static_cast<int>(message.wParam));
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
     }
 }
 
 void UseMouse(HWND window, POINT point, MouseAct act) {
-    constexpr DWORD none = 0, down = MOUSEEVENTF_LEFTDOWN, up = MOUSEEVENTF_LEFTUP;
-    const DWORD flags = act == MouseAct::Move ? none : act == MouseAct::Release ? up : down;
-    SendMouse(window, point, flags, act == MouseAct::Press ? apart : inARow);
+    constexpr DWORD buttons[] = {0, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP};
+    ClientToScreen(window, &point);
+    const LONG width = GetSystemMetrics(SM_CXSCREEN), height = GetSystemMetrics(SM_CYSCREEN);
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dx = (point.x * 65536 + width - 1) / width;
+    input.mi.dy = (point.y * 65536 + height - 1) / height;
+    input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | buttons[static_cast<int>(act)];
+    input.mi.time = InputTime(act == MouseAct::Press ? apart : inARow);
+    SendInput(1, &input, sizeof input);
     Settle();
 }
 
