@@ -3,6 +3,7 @@
 #include "launcher/look/GdiHandles.h"
 #include "launcher/workflows/FormInput.h"
 #include "tests/desktop/DesktopDriver.h"
+#include "tests/support/RunProbe.h"
 
 #include <gtest/gtest.h>
 
@@ -228,22 +229,39 @@ std::size_t AllocatedMemory() {
 
 } // namespace ovrin::desktop
 
-int main(int argc, char **argv) {
-    ::testing::InitGoogleTest(&argc, argv);
-    if (!ovrin::desktop::IsWine()) {
-        return RUN_ALL_TESTS();
-    }
-    // Under Wine a window manager answers some time later, when the next input is already under way. So there the tests
-    // run on a desktop of their own that no window manager and no display has a part in.
-    const std::wstring name = L"ovrin-test-" + std::to_wstring(GetCurrentProcessId());
-    std::wstring commandLine = L"explorer.exe /desktop=" + name + L",1400x1000,null";
+namespace {
+
+// Starts a program with our standard handles, on that desktop.
+PROCESS_INFORMATION Start(std::wstring commandLine, std::wstring desktop) {
     STARTUPINFOW startUp{};
     startUp.cb = sizeof startUp;
-    PROCESS_INFORMATION desktop{};
-    CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startUp, &desktop);
+    startUp.lpDesktop = desktop.empty() ? nullptr : desktop.data();
+    startUp.dwFlags = STARTF_USESTDHANDLES;
+    startUp.hStdOutput = GetStdHandle(STD_OUTPUT_HANDLE);
+    startUp.hStdError = GetStdHandle(STD_ERROR_HANDLE);
+    PROCESS_INFORMATION process{};
+    CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startUp, &process);
+    return process;
+}
+
+// Under Wine a window manager answers some time later, when the next input is already under way. So there the tests run
+// on a desktop of their own that no window manager and no display has a part in.
+int RunOnDesktopOfItsOwn() {
+    const std::wstring name = L"ovrin-test-" + std::to_wstring(GetCurrentProcessId());
+    SetEnvironmentVariableW(L"OVRIN_TEST_DESKTOP", name.c_str());
+    const PROCESS_INFORMATION desktop = Start(L"explorer.exe /desktop=" + name + L",1400x1000,null", L"");
     WaitForInputIdle(desktop.hProcess, INFINITE);
-    SetThreadDesktop(OpenDesktopW(name.c_str(), 0, FALSE, GENERIC_ALL));
-    const int result = RUN_ALL_TESTS();
+    const int exitCode = ovrin::testing::AwaitEnd(Start(GetCommandLineW(), name));
     TerminateProcess(desktop.hProcess, 0);
-    return result;
+    return exitCode;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    if (ovrin::desktop::IsWine() && GetEnvironmentVariableW(L"OVRIN_TEST_DESKTOP", nullptr, 0) == 0) {
+        return RunOnDesktopOfItsOwn();
+    }
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
 }
