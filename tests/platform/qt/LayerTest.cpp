@@ -103,6 +103,7 @@ TEST_F(Layer, ScreenReadersFindControlsAndRowsByRoleAndNameAndPressTheFace) {
     EXPECT_TRUE(state_.templatePopupOpen);
     const QAccessibleInterface &popup = ReaderOf(state_.templatePopup);
     ASSERT_EQ(popup.childCount(), 4);
+    EXPECT_EQ(popup.child(0)->role(), QAccessible::ListItem);
     EXPECT_EQ(popup.child(3)->text(QAccessible::Name).toStdString(), "Action Arena Starter");
     EXPECT_EQ(popup.indexOfChild(popup.child(2)), 2);
     EXPECT_TRUE(popup.child(0)->state().selected);
