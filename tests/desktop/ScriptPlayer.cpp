@@ -251,7 +251,7 @@ void ScriptPlayer::NoteControls(std::istringstream names) {
     }
 }
 
-void ScriptPlayer::AddLongRow() {
+void ScriptPlayer::AddLongRow() const {
     run_.state->recentProjects.push_back(
         {.path = std::string(300, 'p') + "/W.oproject", .name = std::string(300, 'W')});
 }

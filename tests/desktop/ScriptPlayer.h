@@ -39,7 +39,7 @@ private:
     [[nodiscard]] HWND HandleOf(const std::string &name) const;
     [[nodiscard]] POINT PointOf(const std::string &target) const;
     void FillRecentList(int rows);
-    void AddLongRow();
+    void AddLongRow() const;
 
     LauncherRun &run_;
     const Sandbox &sandbox_;
