@@ -8,42 +8,37 @@
 
 #include <cstddef>
 #include <functional>
-#include <memory>
+#include <string_view>
+#include <vector>
 
 namespace ovrin::desktop {
 
 struct MessageBoxSeen {
     WideText title;
     WideText text;
-    UINT icon; // MB_ICON..., 0 for none
+    std::string_view icon; // as the scripts call it
     int buttons;
 };
 
-void MoveMouse(HWND window, POINT point);
-void PressMouse(HWND window, POINT point);
-void ReleaseMouse(HWND window, POINT point);
-// Press, release, press, release within the platform's double-click time. Presses from the calls above never make a
-// double click, however soon they follow each other.
-void DoubleClickMouse(HWND window, POINT point);
+// A PressAgain follows the release before it within the platform's double-click time; a Press never makes a double
+// click, however soon it comes.
+enum class MouseAct { Move, Press, PressAgain, Release };
+void UseMouse(HWND window, POINT point, MouseAct act);
 
 enum class KeyPlace { Main, Keypad };
 // Goes down `presses` times before it comes up, as a key that is held.
-void PressKey(HWND window, WPARAM key, KeyPlace place = KeyPlace::Main, int presses = 1);
+void PressKey(HWND window, WPARAM key, KeyPlace place, int presses);
 void TypeText(HWND window, WideTextView text);
 
-// Another program becomes active; the way back makes this one active.
-void DeactivateApplication(HWND window);
-void ActivateApplication(HWND window);
+// This program becomes the active one, or another does.
+void SetActive(HWND window, bool active);
 
-// Calls `action` once from the program's message loop, the next time that it runs.
-void CallFromLoop(std::function<void()> action);
-// Runs the program's entry, as often as a test likes. Gives the exit code.
-int RunEntry();
+// Runs the program's entry, as often as a test likes, and calls `action` once from its message loop. Gives the exit
+// code.
+int RunEntry(std::function<void()> action);
 
 // Handles what is waiting, painting included, until nothing is.
 void Settle();
-// Runs messages until `condition` holds. False after a minute, which only a broken program reaches.
-[[nodiscard]] bool PumpUntil(const std::function<bool()> &condition);
 
 // Whether this is the test bed that stands in for Windows.
 [[nodiscard]] bool IsWine();
@@ -51,21 +46,8 @@ void Settle();
 // Called for each message box once it is up and before it is answered with OK; null takes it away.
 void OnMessageBox(std::function<void(const MessageBoxSeen &)> observer);
 
-// A bitmap to paint on, black at first.
-class Canvas {
-public:
-    explicit Canvas(SIZE size);
-    Canvas(const Canvas &) = delete;
-    Canvas &operator=(const Canvas &) = delete;
-    ~Canvas();
-
-    [[nodiscard]] HDC dc() const;
-    [[nodiscard]] COLORREF PixelAt(POINT point) const;
-
-private:
-    struct Bits;
-    std::unique_ptr<Bits> bits_;
-};
+// The pixels, row by row, of what `paint` puts on a black bitmap of that size.
+[[nodiscard]] std::vector<COLORREF> Painted(SIZE size, const std::function<void(HDC)> &paint);
 
 // What the process holds of the platform's drawing objects.
 [[nodiscard]] std::size_t CountDrawingObjects();

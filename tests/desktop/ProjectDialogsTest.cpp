@@ -1,11 +1,10 @@
 // Browse and Open Project... in the real window, with the user's answer to the dialog scripted.
 #include "core/recent/RecentProjectStore.h"
+#include "launcher/workflows/FormInput.h"
 #include "platform/dialogs/ShellDialogs.h"
 #include "platform/text/NarrowPath.h"
 #include "platform/text/TextConversion.h"
-#include "tests/desktop/DesktopDriver.h"
-#include "tests/desktop/Recorder.h"
-#include "tests/desktop/Sandbox.h"
+#include "tests/desktop/ScriptPlayer.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -66,18 +65,6 @@ FileDialogResult RunOutOfMemory() {
     throw std::bad_alloc();
 }
 
-void Click(HWND window, const RECT &rect) {
-    const POINT middle{(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
-    PressMouse(window, middle);
-    ReleaseMouse(window, middle);
-}
-
-WideText TextOf(HWND window) {
-    WideText text(1024, WideChar{0});
-    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
-
 TEST(Browse, StartsAtTheTrimmedTextElseAtTheDefaultAndChangesTheFieldOnlyWhereAFolderIsChosen) {
     const Sandbox sandbox;
     const fs::path chosen = sandbox.folder().Path() / "chosen";
@@ -100,21 +87,21 @@ TEST(Browse, StartsAtTheTrimmedTextElseAtTheDefaultAndChangesTheFieldOnlyWhereAF
         {"text that is no path where paths are bytes", loneSurrogate, Cancel,
          pathsAreBytes ? fs::path() : fs::path(loneSurrogate)},
     };
-    RunLauncher([&](const LauncherRun &run) {
-        SetWindowTextW(run.state.projectNameEdit, WIDE("  My Game "));
+    RunLauncher([&](LauncherRun &run) {
+        SetWindowTextW(run.state->projectNameEdit, WIDE("  My Game "));
         for (const auto &each : cases) {
             SCOPED_TRACE(each.label);
-            SetWindowTextW(run.state.locationEdit, each.field.c_str());
+            SetWindowTextW(run.state->locationEdit, each.field.c_str());
             requests.clear();
             answer = each.answer;
-            Click(run.window, run.state.layout.browseButtonRect);
+            ScriptPlayer{run, sandbox}.Play("click browse");
             ASSERT_EQ(requests.size(), 1U);
             EXPECT_TRUE(requests[0].isForFolder);
             EXPECT_EQ(requests[0].title, "Select Project Location");
             EXPECT_EQ(requests[0].folder, each.start);
-            EXPECT_EQ(WideToUtf8(TextOf(run.state.locationEdit)),
+            EXPECT_EQ(WideToUtf8(ReadFormText(run.state->locationEdit)),
                       WideToUtf8(each.fills ? WideFromPath(chosen) : each.field));
-            EXPECT_EQ(WideToUtf8(TextOf(run.state.projectNameEdit)), "  My Game ");
+            EXPECT_EQ(WideToUtf8(ReadFormText(run.state->projectNameEdit)), "  My Game ");
         }
     });
     EXPECT_FALSE(fs::exists(chosen));
@@ -126,25 +113,23 @@ TEST(OpenProjectDialog, OpensTheChosenFileWithoutListingItAndStaysOtherwise) {
     const struct {
         const char *label;
         std::function<FileDialogResult()> answer;
-        std::size_t messages;
+        bool tellsOfMissing;
         bool opens;
     } cases[] = {
-        {"cancelled", Cancel, 0, false},
-        {"failed", Fail, 0, false},
-        {"no memory", RunOutOfMemory, 0, false},
-        {"gone meanwhile", Accept(sandbox.folder().Path() / "gone.oproject"), 1, false},
-        {"there", Accept(project), 0, true},
+        {"cancelled", Cancel, false, false},
+        {"failed", Fail, false, false},
+        {"no memory", RunOutOfMemory, false, false},
+        {"gone meanwhile", Accept(sandbox.folder().Path() / "gone.oproject"), true, false},
+        {"there", Accept(project), false, true},
     };
     for (const auto &each : cases) {
         SCOPED_TRACE(each.label);
-        RunLauncher([&](const LauncherRun &run) {
-            std::size_t messages = 0;
-            OnMessageBox([&](const MessageBoxSeen &) { ++messages; });
+        RunLauncher([&](LauncherRun &run) {
             requests.clear();
             answer = each.answer;
             const HWND window = run.window;
-            Click(window, run.state.layout.openProjectButtonRect);
-            OnMessageBox(nullptr);
+            ScriptPlayer player{run, sandbox};
+            const std::string seen = player.Play("click open");
             ASSERT_EQ(requests.size(), 1U);
             EXPECT_FALSE(requests[0].isForFolder);
             EXPECT_EQ(requests[0].title, "Open Project");
@@ -152,13 +137,15 @@ TEST(OpenProjectDialog, OpensTheChosenFileWithoutListingItAndStaysOtherwise) {
             ASSERT_EQ(requests[0].filters.size(), 1U);
             EXPECT_EQ(requests[0].filters[0].label, "Ovrin Project");
             EXPECT_EQ(requests[0].filters[0].pattern, "*.oproject");
-            EXPECT_EQ(messages, each.messages);
+            EXPECT_EQ(seen.find("Project Missing") != std::string::npos, each.tellsOfMissing);
             EXPECT_EQ(IsWindow(window) != FALSE, !each.opens);
-            EXPECT_TRUE(PumpUntil([&] { return !each.opens || !sandbox.EditorCalls().empty(); }));
+            if (each.opens) {
+                player.Play("editors"); // ends with one of its own
+            }
         });
     }
-    ASSERT_EQ(sandbox.EditorCalls().size(), 1U);
-    EXPECT_EQ(sandbox.EditorCalls()[0], "[--project][" + NarrowFromPath(project) + "]");
+    const std::string opened = "[--project][" + NarrowFromPath(project) + "]";
+    EXPECT_EQ(sandbox.EditorCalls(), (std::vector<std::string>{opened, "[last]"}));
     EXPECT_FALSE(fs::exists(RecentProjectStore::GetRecentProjectsPath()));
 }
 

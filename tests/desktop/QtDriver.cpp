@@ -17,10 +17,8 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <malloc.h>
 #include <map>
-#include <optional>
 #include <utility>
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE previousInstance, LPWSTR commandLine, int showCommand);
@@ -55,28 +53,12 @@ QWindow *TargetOf(HWND window) {
     return widget == nullptr ? nullptr : widget->window()->windowHandle();
 }
 
-enum class MouseAct { Move, Press, Release };
-
-void SendMouse(HWND window, POINT point, MouseAct act) {
-    QWindow *target = TargetOf(window);
-    if (target == nullptr) {
-        return;
-    }
-    const QPoint place{point.x, point.y};
-    switch (act) {
-    case MouseAct::Move: QTest::mouseMove(target, place); break;
-    case MouseAct::Press: QTest::mousePress(target, Qt::LeftButton, {}, place); break;
-    case MouseAct::Release: QTest::mouseRelease(target, Qt::LeftButton, {}, place); break;
-    }
-    Settle();
-}
-
-UINT IconFlag(QMessageBox::Icon icon) {
+std::string_view NameOf(QMessageBox::Icon icon) {
     switch (icon) {
-    case QMessageBox::Critical: return MB_ICONERROR;
-    case QMessageBox::Warning: return MB_ICONWARNING;
-    case QMessageBox::Information: return MB_ICONINFORMATION;
-    default: return 0;
+    case QMessageBox::Critical: return "error";
+    case QMessageBox::Warning: return "warning";
+    case QMessageBox::Information: return "information";
+    default: return "plain";
     }
 }
 
@@ -99,7 +81,7 @@ private:
         if (observer) {
             observer({.title = box.windowTitle().toStdU16String(),
                       .text = box.text().toStdU16String(),
-                      .icon = IconFlag(box.icon()),
+                      .icon = NameOf(box.icon()),
                       .buttons = static_cast<int>(box.buttons().size())});
         }
         known_ = nullptr;
@@ -124,24 +106,16 @@ QWindow &OtherProgram() {
 }
 
 Qt::Key KeyFor(WPARAM key, KeyPlace place) {
-    const std::map<WPARAM, Qt::Key> keys = {{VK_RETURN, place == KeyPlace::Keypad ? Qt::Key_Enter : Qt::Key_Return},
-                                            {VK_ESCAPE, Qt::Key_Escape},
-                                            {VK_SPACE, Qt::Key_Space},
-                                            {VK_TAB, Qt::Key_Tab},
-                                            {VK_UP, Qt::Key_Up},
-                                            {VK_DOWN, Qt::Key_Down},
-                                            {VK_HOME, Qt::Key_Home},
-                                            {VK_END, Qt::Key_End}};
-    return keys.at(key);
+    static const std::map<WPARAM, Qt::Key> keys = {
+        {VK_RETURN, Qt::Key_Return}, {VK_ESCAPE, Qt::Key_Escape}, {VK_SPACE, Qt::Key_Space}, {VK_TAB, Qt::Key_Tab},
+        {VK_UP, Qt::Key_Up},         {VK_DOWN, Qt::Key_Down},     {VK_HOME, Qt::Key_Home},   {VK_END, Qt::Key_End}};
+    return place == KeyPlace::Keypad && key == VK_RETURN ? Qt::Key_Enter : keys.at(key);
 }
 
 } // namespace
 
-void CallFromLoop(std::function<void()> action) {
+int RunEntry(std::function<void()> action) {
     loopAction = std::move(action);
-}
-
-int RunEntry() {
     char16_t noCommandLine[] = u"";
     const int exitCode = wWinMain(nullptr, nullptr, noCommandLine, SW_SHOWNORMAL);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -156,35 +130,21 @@ void Settle() {
     }
 }
 
-bool PumpUntil(const std::function<bool()> &condition) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes{1};
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > deadline) {
-            return false;
-        }
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+void UseMouse(HWND window, POINT point, MouseAct act) {
+    QWindow *target = TargetOf(window);
+    if (target == nullptr) {
+        return;
     }
-    return true;
-}
-
-void MoveMouse(HWND window, POINT point) {
-    SendMouse(window, point, MouseAct::Move);
-}
-
-void PressMouse(HWND window, POINT point) {
-    SendMouse(window, point, MouseAct::Press);
-}
-
-void ReleaseMouse(HWND window, POINT point) {
-    SendMouse(window, point, MouseAct::Release);
-}
-
-void DoubleClickMouse(HWND window, POINT point) {
-    PressMouse(window, point);
-    ReleaseMouse(window, point);
-    QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval; // a release sets the next press apart
-    PressMouse(window, point);
-    ReleaseMouse(window, point);
+    const QPoint place{point.x, point.y};
+    switch (act) {
+    case MouseAct::Move: QTest::mouseMove(target, place); break;
+    case MouseAct::PressAgain: // a release sets the next press apart
+        QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval;
+        [[fallthrough]];
+    case MouseAct::Press: QTest::mousePress(target, Qt::LeftButton, {}, place); break;
+    case MouseAct::Release: QTest::mouseRelease(target, Qt::LeftButton, {}, place); break;
+    }
+    Settle();
 }
 
 void PressKey(HWND window, WPARAM key, KeyPlace place, int presses) {
@@ -206,15 +166,9 @@ void TypeText(HWND window, WideTextView text) {
     Settle();
 }
 
-void DeactivateApplication(HWND /*window*/) {
-    OtherProgram().show();
-    OtherProgram().requestActivate();
-    Settle();
-}
-
-void ActivateApplication(HWND window) {
-    OtherProgram().hide();
-    layer::WidgetOf(window)->activateWindow();
+void SetActive(HWND window, bool active) {
+    OtherProgram().setVisible(!active);
+    active ? layer::WidgetOf(window)->activateWindow() : OtherProgram().requestActivate();
     Settle();
 }
 
@@ -226,28 +180,22 @@ void OnMessageBox(std::function<void(const MessageBoxSeen &)> observer) {
     TheBoxWatch().observer = std::move(observer);
 }
 
-struct Canvas::Bits {
-    explicit Bits(SIZE size) : image(size.cx, size.cy, QImage::Format_RGB32) {
-        image.fill(Qt::black);
-        painter.begin(&image);
-        context.emplace(painter);
+std::vector<COLORREF> Painted(SIZE size, const std::function<void(HDC)> &paint) {
+    QImage image(size.cx, size.cy, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    {
+        QPainter painter(&image);
+        const layer::ContextScope context(painter);
+        paint(context.dc());
     }
-
-    QImage image;
-    QPainter painter;
-    std::optional<layer::ContextScope> context;
-};
-
-Canvas::Canvas(SIZE size) : bits_(std::make_unique<Bits>(size)) {}
-Canvas::~Canvas() = default;
-
-HDC Canvas::dc() const {
-    return bits_->context->dc();
-}
-
-COLORREF Canvas::PixelAt(POINT point) const {
-    const QRgb pixel = bits_->image.pixel(point.x, point.y);
-    return static_cast<COLORREF>(qRed(pixel) | qGreen(pixel) << 8 | qBlue(pixel) << 16);
+    const QImage swapped = image.rgbSwapped();
+    std::vector<COLORREF> pixels;
+    for (int y = 0; y < size.cy; ++y) {
+        for (int x = 0; x < size.cx; ++x) {
+            pixels.push_back(swapped.pixel(x, y) & 0xFFFFFF);
+        }
+    }
+    return pixels;
 }
 
 std::size_t CountDrawingObjects() {

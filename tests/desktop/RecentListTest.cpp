@@ -1,12 +1,9 @@
 // The list on disk and the list in the window: when each follows the other.
 #include "core/recent/RecentProjectStore.h"
-#include "tests/desktop/DesktopDriver.h"
-#include "tests/desktop/Recorder.h"
-#include "tests/desktop/Sandbox.h"
+#include "tests/desktop/ScriptPlayer.h"
 
 #include <chrono>
 #include <gtest/gtest.h>
-#include <iterator>
 
 namespace ovrin::desktop {
 
@@ -14,10 +11,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A list of that many projects, "0" and on, of which some have no file.
-class ListOnDisk {
-public:
-    ListOnDisk(const Sandbox &sandbox, int count, const std::vector<int> &missing) : sandbox_(sandbox) {
+// A list of that many projects, "0" and on, of which some have no file; written long ago.
+struct ListOnDisk {
+    ListOnDisk(int count, const std::vector<int> &missing) {
         std::vector<RecentProject> projects;
         for (int number = 0; number < count; ++number) {
             const std::string name = std::to_string(number);
@@ -27,29 +23,15 @@ public:
         for (const int number : missing) {
             Remove(number);
         }
-        const auto longAgo = fs::last_write_time(File()) - std::chrono::hours(1);
-        fs::last_write_time(File(), longAgo);
-        written_ = longAgo;
-        content_ = Read();
+        fs::last_write_time(file, written);
     }
+    void Remove(int number) const { fs::remove(sandbox.folder().Path() / (std::to_string(number) + ".oproject")); }
+    [[nodiscard]] bool IsUntouched() const { return fs::last_write_time(file) == written; }
+    [[nodiscard]] static std::size_t Size() { return RecentProjectStore::LoadRecentProjects(0).size(); }
 
-    void Remove(int number) const { fs::remove(sandbox_.folder().Path() / (std::to_string(number) + ".oproject")); }
-    [[nodiscard]] bool IsUntouched() const { return Read() == content_ && fs::last_write_time(File()) == written_; }
-    [[nodiscard]] static std::size_t Lines() {
-        const std::string content = Read();
-        return static_cast<std::size_t>(std::count(content.begin(), content.end(), '\n'));
-    }
-
-private:
-    static fs::path File() { return RecentProjectStore::GetRecentProjectsPath(); }
-    static std::string Read() {
-        std::ifstream file(File(), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-    const Sandbox &sandbox_;
-    fs::file_time_type written_;
-    std::string content_;
+    Sandbox sandbox;
+    fs::path file = RecentProjectStore::GetRecentProjectsPath();
+    fs::file_time_type written = std::chrono::floor<std::chrono::hours>(fs::file_time_type::clock::now());
 };
 
 void ExpectView(const LauncherState &state, std::size_t rows) {
@@ -62,17 +44,13 @@ void ExpectView(const LauncherState &state, std::size_t rows) {
     EXPECT_EQ(SendMessageW(state.recentList, LB_GETCURSEL, 0, 0), isFilled ? 0 : LB_ERR);
 }
 
-void ClickCommand(const LauncherRun &run, HWND button, int id) {
-    SendMessageW(run.window, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(button));
-}
-
 TEST(RecentListAtStart, ShowsSixteenAndRewritesTheFileOnlyWhereOneHasGone) {
     const struct {
         const char *label;
         int count;
         std::vector<int> missing;
         std::size_t shown;
-        std::size_t lines; // in the file afterwards
+        std::size_t kept; // in the file afterwards
     } cases[] = {
         {"an empty file", 0, {}, 0, 0},
         {"all there", 5, {}, 5, 5},
@@ -85,11 +63,10 @@ TEST(RecentListAtStart, ShowsSixteenAndRewritesTheFileOnlyWhereOneHasGone) {
     };
     for (const auto &each : cases) {
         SCOPED_TRACE(each.label);
-        const Sandbox sandbox;
-        const ListOnDisk list(sandbox, each.count, each.missing);
-        RunLauncher([&](const LauncherRun &run) { ExpectView(run.state, each.shown); });
-        EXPECT_EQ(ListOnDisk::Lines(), each.lines);
-        EXPECT_EQ(list.IsUntouched(), each.lines == static_cast<std::size_t>(each.count));
+        const ListOnDisk list(each.count, each.missing);
+        RunLauncher([&](const LauncherRun &run) { ExpectView(*run.state, each.shown); });
+        EXPECT_EQ(ListOnDisk::Size(), each.kept);
+        EXPECT_EQ(list.IsUntouched(), each.kept == static_cast<std::size_t>(each.count));
     }
 }
 
@@ -100,42 +77,37 @@ TEST(OpenSelected, OfAVanishedProjectCutsTheListToTwelve) {
     };
     for (const auto &[count, left] : {Case{1, 0}, Case{5, 4}, Case{13, 12}, Case{16, 12}, Case{20, 12}, Case{21, 12}}) {
         SCOPED_TRACE(count);
-        const Sandbox sandbox;
-        const ListOnDisk list(sandbox, count, {});
-        std::vector<WideText> titles;
-        OnMessageBox([&titles](const MessageBoxSeen &box) { titles.push_back(box.title); });
-        RunLauncher([&, number = count / 2, rows = left](const LauncherRun &run) {
+        const ListOnDisk list(count, {});
+        RunLauncher([&, number = count / 2, rows = left](LauncherRun &run) {
             list.Remove(number);
-            SendMessageW(run.state.recentList, LB_SETCURSEL, static_cast<WPARAM>(number), 0);
-            ClickCommand(run, run.state.openSelectedButton, ControlId::openSelected);
-            ExpectView(run.state, rows);
+            SendMessageW(run.state->recentList, LB_SETCURSEL, static_cast<WPARAM>(number), 0);
+            const std::string seen = ScriptPlayer{run, list.sandbox}.Play("click open-selected");
+            EXPECT_NE(seen.find("Project Missing"), std::string::npos) << seen;
+            ExpectView(*run.state, rows);
         });
-        OnMessageBox(nullptr);
-        EXPECT_EQ(titles, std::vector<WideText>{WIDE("Project Missing")});
-        EXPECT_EQ(ListOnDisk::Lines(), left);
-        EXPECT_TRUE(sandbox.EditorCalls().empty());
+        EXPECT_EQ(ListOnDisk::Size(), left);
+        EXPECT_TRUE(list.sandbox.EditorCalls().empty());
     }
 }
 
 TEST(RemoveMissing, ChangesListAndFileOnlyWhereOneHasGone) {
-    const Sandbox sandbox;
-    const ListOnDisk list(sandbox, 20, {});
-    RunLauncher([&](const LauncherRun &run) {
-        const auto removeMissing = [&] { ClickCommand(run, run.state.removeMissingButton, ControlId::removeMissing); };
-        SendMessageW(run.state.recentList, LB_SETCURSEL, 3, 0);
-        removeMissing();
-        EXPECT_EQ(SendMessageW(run.state.recentList, LB_GETCURSEL, 0, 0), 3);
+    const ListOnDisk list(20, {});
+    RunLauncher([&](LauncherRun &run) {
+        ScriptPlayer player{run, list.sandbox};
+        player.Play("click recent:3"); // shown in part; it stays where it is
+        player.Play("click remove-missing");
+        EXPECT_EQ(SendMessageW(run.state->recentList, LB_GETCURSEL, 0, 0), 3);
         EXPECT_TRUE(list.IsUntouched());
         list.Remove(7);
-        removeMissing();
-        ExpectView(run.state, 15);
-        EXPECT_EQ(ListOnDisk::Lines(), 15U); // what wasn't shown is gone with it
+        player.Play("click remove-missing");
+        ExpectView(*run.state, 15);
+        EXPECT_EQ(ListOnDisk::Size(), 15U); // what wasn't shown is gone with it
         for (int number = 0; number < 20; ++number) {
             list.Remove(number);
         }
-        removeMissing();
-        ExpectView(run.state, 0);
-        EXPECT_EQ(ListOnDisk::Lines(), 0U);
+        player.Play("click remove-missing");
+        ExpectView(*run.state, 0);
+        EXPECT_EQ(ListOnDisk::Size(), 0U);
     });
 }
 

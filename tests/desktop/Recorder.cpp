@@ -4,6 +4,9 @@
 #include "launcher/LauncherWindow.h"
 #include "tests/desktop/DesktopDriver.h"
 
+#include <algorithm>
+#include <stdexcept>
+
 namespace ovrin {
 
 // The entry, as it is compiled for these tests, registers this procedure in the place of LauncherWndProc.
@@ -15,118 +18,91 @@ namespace {
 
 constexpr UINT_PTR recorderSubclass = 2;
 
+constexpr KnownControl knownControls[] = {
+    {"name", ControlId::projectName, Kind::Edit, &LauncherLayout::nameEditRect},
+    {"location", ControlId::location, Kind::Edit, &LauncherLayout::locationEditRect},
+    {"browse", ControlId::browse, Kind::Button, &LauncherLayout::browseButtonRect},
+    {"create", ControlId::createProject, Kind::Button, &LauncherLayout::createButtonRect},
+    {"recent", ControlId::recentList, Kind::List, &LauncherLayout::recentListRect},
+    {"open-selected", ControlId::openSelected, Kind::Button, &LauncherLayout::openSelectedButtonRect},
+    {"open", ControlId::openProject, Kind::Button, &LauncherLayout::openProjectButtonRect},
+    {"remove-missing", ControlId::removeMissing, Kind::Button, &LauncherLayout::removeMissingButtonRect},
+    {"quit", ControlId::quit, Kind::Button, &LauncherLayout::quitButtonRect},
+    {"face", ControlId::templateFace, Kind::Button, &LauncherLayout::templateFaceRect},
+    {"popup", ControlId::templatePopup, Kind::List, &LauncherLayout::templatePopupRect}};
+
 struct Name {
-    WPARAM value;
     std::string_view text;
+    WPARAM value;
 };
+using Names = std::vector<Name>;
+const std::map<Kind, Names> notices = {
+    {Kind::Button,
+     {{"clicked", BN_CLICKED}, {"double-clicked", BN_DOUBLECLICKED}, {"focus", BN_SETFOCUS}, {"blur", BN_KILLFOCUS}}},
+    {Kind::Edit, {{"focus", EN_SETFOCUS}, {"blur", EN_KILLFOCUS}, {"change", EN_CHANGE}, {"update", EN_UPDATE}}},
+    {Kind::List,
+     {{"selection", LBN_SELCHANGE}, {"double-click", LBN_DBLCLK}, {"focus", LBN_SETFOCUS}, {"blur", LBN_KILLFOCUS}}}};
+const Names keys = {{"Enter", VK_RETURN}, {"Escape", VK_ESCAPE}, {"Space", VK_SPACE}, {"Tab", VK_TAB},
+                    {"Up", VK_UP},        {"Down", VK_DOWN},     {"Home", VK_HOME},   {"End", VK_END}};
 
-constexpr Name controlNames[] = {{ControlId::projectName, "name"},   {ControlId::location, "location"},
-                                 {ControlId::browse, "browse"},      {ControlId::createProject, "create"},
-                                 {ControlId::recentList, "recent"},  {ControlId::openSelected, "open-selected"},
-                                 {ControlId::openProject, "open"},   {ControlId::removeMissing, "remove-missing"},
-                                 {ControlId::quit, "quit"},          {ControlId::templateFace, "face"},
-                                 {ControlId::templatePopup, "popup"}};
-constexpr Name buttonNotices[] = {
-    {BN_CLICKED, "clicked"}, {BN_DOUBLECLICKED, "double-clicked"}, {BN_SETFOCUS, "focus"}, {BN_KILLFOCUS, "blur"}};
-constexpr Name editNotices[] = {
-    {EN_SETFOCUS, "focus"}, {EN_KILLFOCUS, "blur"}, {EN_CHANGE, "change"}, {EN_UPDATE, "update"}};
-constexpr Name listNotices[] = {
-    {LBN_SELCHANGE, "selection"}, {LBN_DBLCLK, "double-click"}, {LBN_SETFOCUS, "focus"}, {LBN_KILLFOCUS, "blur"}};
-constexpr Name keyNames[] = {{VK_RETURN, "Enter"}, {VK_ESCAPE, "Escape"}, {VK_SPACE, "Space"}, {VK_TAB, "Tab"},
-                             {VK_UP, "Up"},        {VK_DOWN, "Down"},     {VK_HOME, "Home"},   {VK_END, "End"}};
+LauncherRun *running = nullptr;
 
-struct Recording {
-    Recorder recorder;
-    HWND window = nullptr;
-    LauncherState *state = nullptr;
-};
-Recording *recording = nullptr; // of the run that is on
-
-template<std::size_t size>
-std::string_view NameIn(const Name (&names)[size], WPARAM value) {
-    for (const Name &name : names) {
-        if (name.value == value) {
-            return name.text;
-        }
-    }
-    return "?";
-}
-
-bool IsEdit(int id) {
-    return id == ControlId::projectName || id == ControlId::location;
-}
-
-bool IsList(int id) {
-    return id == ControlId::recentList || id == ControlId::templatePopup;
-}
-
-std::string_view NoticeName(int id, WORD notice) {
-    if (IsEdit(id)) {
-        return NameIn(editNotices, notice);
-    }
-    return IsList(id) ? NameIn(listNotices, notice) : NameIn(buttonNotices, notice);
-}
-
-std::string Joined(std::string_view who, std::string_view what) {
-    std::string text{who};
-    return text.append(" ").append(what);
+template<typename Table, typename Value, typename Member>
+const auto &Find(const Table &table, const Value &value, Member member) {
+    const auto found = std::ranges::find(table, value, member);
+    return found != std::end(table) ? *found : throw std::out_of_range{"a name that the tests don't know"};
 }
 
 std::string DrawnState(UINT state) {
-    std::string text;
-    text += (state & ODS_SELECTED) != 0 ? "selected " : "";
-    text += (state & ODS_FOCUS) != 0 ? "focused " : "";
-    text += (state & ODS_DISABLED) != 0 ? "disabled " : "";
-    return text.empty() ? "plain" : text.substr(0, text.size() - 1);
+    std::string text = (state & ODS_SELECTED) != 0 ? " selected" : "";
+    text += (state & ODS_FOCUS) != 0 ? " focused" : "";
+    text += (state & ODS_DISABLED) != 0 ? " disabled" : "";
+    return text.empty() ? "plain" : text.substr(1);
 }
 
-LRESULT CALLBACK RecordingControlProc(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR /*id*/,
+LRESULT CALLBACK RecordingControlProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR /*id*/,
                                       DWORD_PTR /*data*/) {
-    if (recording != nullptr) {
-        recording->recorder.SeeControlMessage(control, message, wParam);
+    if (running != nullptr) {
+        running->recorder.SeeControlMessage(ControlWithId(GetDlgCtrlID(window)), message, wParam);
     }
-    return DefSubclassProc(control, message, wParam, lParam);
-}
-
-std::string MeasuredLine(LPARAM lParam) {
-    const auto *item = reinterpret_cast<const MEASUREITEMSTRUCT *>(lParam);
-    return Joined(Joined("measured", ControlName(static_cast<int>(item->CtlID))), std::to_string(item->itemHeight));
+    return DefSubclassProc(window, message, wParam, lParam);
 }
 
 } // namespace
 
-std::string_view ControlName(int id) {
-    return NameIn(controlNames, static_cast<WPARAM>(id));
+const KnownControl &ControlWithId(int id) {
+    return Find(knownControls, id, &KnownControl::id);
 }
 
-HWND ControlNamed(const LauncherState &state, std::string_view name) {
-    for (const LauncherControl &control : LauncherControls()) {
-        if (ControlName(control.id) == name) {
-            return state.*control.handle;
-        }
+const KnownControl &ControlNamed(std::string_view name) {
+    return Find(knownControls, name, &KnownControl::name);
+}
+
+WPARAM KeyNamed(std::string_view name) {
+    return Find(keys, name, &Name::text).value;
+}
+
+std::string Line(std::initializer_list<std::string_view> words) {
+    std::string line;
+    for (const std::string_view word : words) {
+        line.append(line.empty() || word.empty() ? "" : " ").append(word);
     }
-    return state.mainWindow;
+    return line;
 }
 
 std::vector<std::string> Recorder::TakeLines() {
     std::vector<std::string> taken = std::exchange(lines_, {});
     if (!held_ && std::exchange(mouseOverTold_, mouseOver_) != mouseOver_) {
-        taken.push_back(Joined("mouse over", mouseOver_ != 0 ? ControlName(mouseOver_) : "no button"));
+        taken.push_back(Line({"mouse over", mouseOver_}));
     }
     for (const auto &[item, state] : drawn_) {
         if (std::exchange(told_[item], state) != state) {
-            const auto &[id, row] = item;
-            const std::string who = Joined("drawn", ControlName(id));
-            taken.push_back(Joined(IsList(id) ? Joined(who, std::to_string(static_cast<int>(row))) : who, state));
+            const KnownControl &control = ControlWithId(item.first);
+            const std::string row = control.kind == Kind::List ? std::to_string(item.second) : "";
+            taken.push_back(Line({"drawn", control.name, row, state}));
         }
     }
     return taken;
-}
-
-void Recorder::WatchControls(const LauncherState &state) {
-    for (const LauncherControl &control : LauncherControls()) {
-        SetWindowSubclass(state.*control.handle, RecordingControlProc, recorderSubclass, 0);
-    }
 }
 
 void Recorder::SeeWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -144,81 +120,80 @@ void Recorder::SeeWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ACTIVATEAPP: return Note(wParam != 0 ? "application active" : "application inactive");
     case WM_LBUTTONDOWN: return Note("window press " + pair(','));
     case WM_DRAWITEM: return SeeDrawing(reinterpret_cast<const DRAWITEMSTRUCT *>(lParam));
-    case WM_COMMAND: return SeeCommand(wParam);
+    case WM_COMMAND: return SeeCommand(ControlWithId(LOWORD(wParam)), HIWORD(wParam));
     default: SeeFocusOrKey("window", message, wParam);
     }
 }
 
-void Recorder::SeeControlMessage(HWND control, UINT message, WPARAM wParam) {
-    const int id = GetDlgCtrlID(control);
-    SeeMouse(id, message);
-    SeeFocusOrKey(ControlName(id), message, wParam);
-}
-
 void Recorder::SeeDrawing(const DRAWITEMSTRUCT *item) {
     if (item != nullptr) {
-        const bool row = item->CtlType == ODT_LISTBOX;
-        drawn_[{static_cast<int>(item->CtlID), row ? item->itemID : 0U}] = DrawnState(item->itemState);
+        const UINT row = item->CtlType == ODT_LISTBOX ? item->itemID : 0;
+        drawn_[{static_cast<int>(item->CtlID), row}] = DrawnState(item->itemState);
     }
 }
 
-void Recorder::SeeCommand(WPARAM wParam) {
-    const int id = LOWORD(wParam);
-    Note(Joined(Joined("command", ControlName(id)), NoticeName(id, HIWORD(wParam))));
+void Recorder::SeeCommand(const KnownControl &control, WORD notice) {
+    Note(Line({"command", control.name, Find(notices.at(control.kind), notice, &Name::value).text}));
+}
+
+void Recorder::SeeControlMessage(const KnownControl &control, UINT message, WPARAM wParam) {
+    if (control.kind == Kind::Button) { // no other follows the mouse
+        SeeMouse(control.name, message);
+    }
+    SeeFocusOrKey(control.name, message, wParam);
 }
 
 void Recorder::SeeFocusOrKey(std::string_view who, UINT message, WPARAM wParam) {
+    const auto key = std::ranges::find(keys, wParam, &Name::value);
     if (message == WM_SETFOCUS || message == WM_KILLFOCUS) {
-        Note(Joined(who, message == WM_SETFOCUS ? "focus" : "blur"));
-    } else if (message == WM_KEYDOWN && NameIn(keyNames, wParam) != "?") {
-        Note(Joined(Joined(who, "key"), NameIn(keyNames, wParam)));
+        Note(Line({who, message == WM_SETFOCUS ? "focus" : "blur"}));
+    } else if (message == WM_KEYDOWN && key != keys.end()) {
+        Note(Line({who, "key", key->text}));
     }
 }
 
-// Only the buttons follow the mouse.
-void Recorder::SeeMouse(int id, UINT message) {
-    if (IsEdit(id) || IsList(id)) {
-        return;
-    }
+void Recorder::SeeMouse(std::string_view button, UINT message) {
     if (message == WM_LBUTTONDOWN || message == WM_LBUTTONUP) {
         held_ = message == WM_LBUTTONDOWN;
     } else if (message == WM_MOUSEMOVE) {
-        mouseOver_ = id;
-    } else if (message == WM_MOUSELEAVE && mouseOver_ == id) {
-        mouseOver_ = 0;
+        mouseOver_ = button;
+    } else if (message == WM_MOUSELEAVE && mouseOver_ == button) {
+        mouseOver_ = "no button";
     }
 }
 
-int RunLauncher(const std::function<void(const LauncherRun &)> &act) {
-    Recording run;
-    recording = &run;
-    CallFromLoop([&] {
-        act({.window = run.window, .state = *run.state, .recorder = run.recorder});
+int RunLauncher(const std::function<void(LauncherRun &)> &act) {
+    LauncherRun run;
+    running = &run;
+    const int exitCode = RunEntry([&] {
+        act(run);
         if (IsWindow(run.window) != 0) {
             DestroyWindow(run.window);
         }
     });
-    const int exitCode = RunEntry();
-    recording = nullptr;
+    running = nullptr;
     return exitCode;
 }
 
 } // namespace desktop
 
 LRESULT CALLBACK RecordingWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    using desktop::recording;
-    if (message == WM_NCCREATE && recording->window == nullptr) {
-        recording->window = window;
-        recording->state =
-            static_cast<LauncherState *>(reinterpret_cast<const CREATESTRUCTW *>(lParam)->lpCreateParams);
+    auto &[first, state, recorder] = *desktop::running;
+    if (message == WM_NCCREATE && first == nullptr) {
+        first = window;
+        state = static_cast<LauncherState *>(reinterpret_cast<const CREATESTRUCTW *>(lParam)->lpCreateParams);
     }
-    recording->recorder.SeeWindowMessage(message, wParam, lParam);
+    recorder.SeeWindowMessage(message, wParam, lParam);
     const LRESULT result = LauncherWndProc(window, message, wParam, lParam);
     if (message == WM_MEASUREITEM) {
-        recording->recorder.Note(desktop::MeasuredLine(lParam));
+        const auto &[type, id, row, width, height, data] = *reinterpret_cast<const MEASUREITEMSTRUCT *>(lParam);
+        recorder.Note(
+            desktop::Line({"measured", desktop::ControlWithId(static_cast<int>(id)).name, std::to_string(height)}));
     }
     if (message == WM_CREATE && result == 0) {
-        desktop::Recorder::WatchControls(*recording->state);
+        for (const LauncherControl &control : LauncherControls()) {
+            SetWindowSubclass(state->*control.handle, desktop::RecordingControlProc, desktop::recorderSubclass, 0);
+        }
     }
     return result;
 }

@@ -5,6 +5,7 @@
 #include "launcher/LauncherState.h"
 
 #include <functional>
+#include <initializer_list>
 #include <map>
 #include <string>
 #include <string_view>
@@ -13,9 +14,22 @@
 
 namespace ovrin::desktop {
 
-// The short name of a control in scripts and transcripts; the main window is "window".
-[[nodiscard]] std::string_view ControlName(int id);
-[[nodiscard]] HWND ControlNamed(const LauncherState &state, std::string_view name);
+enum class Kind { Button, Edit, List };
+
+// A control under its name in scripts and transcripts.
+struct KnownControl {
+    std::string_view name;
+    int id;
+    Kind kind;
+    RECT LauncherLayout::*place;
+};
+[[nodiscard]] const KnownControl &ControlWithId(int id);
+// Raises std::out_of_range for a name that no control, or no key, has.
+[[nodiscard]] const KnownControl &ControlNamed(std::string_view name);
+[[nodiscard]] WPARAM KeyNamed(std::string_view name);
+
+// The words, without the empty ones, with a blank between each two.
+[[nodiscard]] std::string Line(std::initializer_list<std::string_view> words);
 
 class Recorder {
 public:
@@ -25,34 +39,33 @@ public:
     // moments of drawing and of telling that the mouse has left; while a button is held the latter isn't told at all.
     [[nodiscard]] std::vector<std::string> TakeLines();
 
-    static void WatchControls(const LauncherState &state);
     void SeeWindowMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    void SeeControlMessage(HWND control, UINT message, WPARAM wParam);
+    void SeeControlMessage(const KnownControl &control, UINT message, WPARAM wParam);
 
 private:
     using Item = std::pair<int, UINT>; // control id and row
 
     void SeeDrawing(const DRAWITEMSTRUCT *item);
-    void SeeCommand(WPARAM wParam);
+    void SeeCommand(const KnownControl &control, WORD notice);
     void SeeFocusOrKey(std::string_view who, UINT message, WPARAM wParam);
-    void SeeMouse(int id, UINT message);
+    void SeeMouse(std::string_view button, UINT message);
 
     std::vector<std::string> lines_;
     std::map<Item, std::string> told_;
     std::map<Item, std::string> drawn_;
-    int mouseOver_ = 0; // id of the button
-    int mouseOverTold_ = 0;
+    std::string_view mouseOver_ = "no button";
+    std::string_view mouseOverTold_ = mouseOver_;
     bool held_ = false;
 };
 
 struct LauncherRun {
-    HWND window;
-    LauncherState &state;
-    Recorder &recorder;
+    HWND window = nullptr;
+    LauncherState *state = nullptr;
+    Recorder recorder;
 };
 
 // Runs the program's own entry and calls `act` from its message loop, with the first paint done and nothing of the
 // creation taken from the recorder yet; then closes what `act` left open. Gives the exit code.
-int RunLauncher(const std::function<void(const LauncherRun &)> &act);
+int RunLauncher(const std::function<void(LauncherRun &)> &act);
 
 } // namespace ovrin::desktop

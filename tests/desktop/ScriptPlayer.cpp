@@ -1,55 +1,49 @@
 #include "tests/desktop/ScriptPlayer.h"
 
-#include "launcher/LauncherControls.h"
 #include "launcher/workflows/EditorLaunch.h"
+#include "launcher/workflows/FormInput.h"
 #include "launcher/workflows/RecentListView.h"
-#include "tests/desktop/DesktopDriver.h"
+#include "platform/text/TextConversion.h"
 
 #include <algorithm>
-#include <map>
-#include <sstream>
-#include <stdexcept>
+#include <chrono>
+#include <iomanip>
 
 namespace ovrin::desktop {
 
 namespace {
 
+constexpr POINT nowhere{10, 10}; // in the window, over no control
+
+const std::map<std::string, std::vector<MouseAct>> mouseVerbs = {
+    {"move", {MouseAct::Move}},
+    {"press", {MouseAct::Press}},
+    {"release", {MouseAct::Release}},
+    {"click", {MouseAct::Press, MouseAct::Release}},
+    {"double-click", {MouseAct::Press, MouseAct::Release, MouseAct::PressAgain, MouseAct::Release}}};
+
 // What a window manager makes of it is done here at once, whether one is there or not.
 void Minimise(HWND window) {
     ShowWindow(window, SW_MINIMIZE);
-    DeactivateApplication(window);
+    SetActive(window, false);
 }
 
 void Restore(HWND window) {
-    ActivateApplication(window);
+    SetActive(window, true);
     ShowWindow(window, SW_RESTORE);
     Settle();
 }
 
-constexpr POINT nowhere{10, 10}; // in the window, over no control
-
-const std::map<std::string, WPARAM> keys = {{"Enter", VK_RETURN}, {"Escape", VK_ESCAPE}, {"Space", VK_SPACE},
-                                            {"Tab", VK_TAB},      {"Up", VK_UP},         {"Down", VK_DOWN},
-                                            {"Home", VK_HOME},    {"End", VK_END}};
-
-const std::map<std::string_view, RECT LauncherLayout::*> places = {
-    {"name", &LauncherLayout::nameEditRect},          {"location", &LauncherLayout::locationEditRect},
-    {"browse", &LauncherLayout::browseButtonRect},    {"create", &LauncherLayout::createButtonRect},
-    {"recent", &LauncherLayout::recentListRect},      {"open-selected", &LauncherLayout::openSelectedButtonRect},
-    {"open", &LauncherLayout::openProjectButtonRect}, {"remove-missing", &LauncherLayout::removeMissingButtonRect},
-    {"quit", &LauncherLayout::quitButtonRect},        {"face", &LauncherLayout::templateFaceRect},
-    {"popup", &LauncherLayout::templatePopupRect}};
-
-std::string BoxLine(const MessageBoxSeen &box) {
-    const std::map<UINT, std::string> icons = {
-        {MB_ICONERROR, "error"}, {MB_ICONWARNING, "warning"}, {MB_ICONINFORMATION, "information"}};
-    const auto icon = icons.find(box.icon);
-    std::string line = "message box ";
-    line.append(icon != icons.end() ? icon->second : "plain").append(": ");
-    for (const WideChar unit : box.title) {
-        line += static_cast<char>(unit);
+// Handles messages until `condition` holds. False after a minute, which only a broken program reaches.
+bool PumpUntil(const std::function<bool()> &condition) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes{1};
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > deadline) {
+            return false;
+        }
+        Settle();
     }
-    return line;
+    return true;
 }
 
 std::string SelectorLine(const LauncherState &state) {
@@ -57,181 +51,219 @@ std::string SelectorLine(const LauncherState &state) {
     return line + std::to_string(state.selectedTemplate);
 }
 
-void PlayKey(const LauncherRun &run, std::istringstream &words) {
-    std::string key;
-    words >> key;
-    std::string more;
-    KeyPlace place = KeyPlace::Main;
-    int presses = 1;
-    while (words >> more) {
-        if (more == "keypad") {
-            place = KeyPlace::Keypad;
-        } else {
-            presses = std::stoi(more);
-        }
-    }
-    PressKey(run.window, keys.at(key), place, presses);
+// Style, size and text; without the style's parts that follow the content or that a platform adds to a main window.
+std::string Facts(HWND window) {
+    const auto style = static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE));
+    const DWORD others = WS_VISIBLE | WS_DISABLED | WS_VSCROLL | ((style & WS_CHILD) != 0 ? 0 : WS_CLIPSIBLINGS);
+    RECT client{};
+    GetClientRect(window, &client);
+    std::ostringstream facts;
+    facts << std::hex << (style & ~others) << std::dec << ' ' << client.right << 'x' << client.bottom
+          << (IsWindowVisible(window) != 0 ? "" : " hidden") << (IsWindowEnabled(window) != 0 ? "" : " disabled")
+          << " \"" << WideToUtf8(ReadFormText(window)) << '"';
+    return facts.str();
 }
 
 } // namespace
 
-ScriptPlayer::ScriptPlayer(const LauncherRun &run, const Sandbox &sandbox)
-    : run_{run}, sandbox_{sandbox}, selector_{SelectorLine(run.state)} {
-    OnMessageBox([this](const MessageBoxSeen &box) {
-        run_.recorder.Note(BoxLine(box));
-        if (const std::string step = std::exchange(stepInBox_, {}); !step.empty()) {
-            PlayStep(step);
-            run_.recorder.Note("message box answered");
-        }
-    });
+ScriptPlayer::ScriptPlayer(LauncherRun &run, const Sandbox &sandbox)
+    : run_(run), sandbox_(sandbox), selector_(SelectorLine(*run.state)) {
+    OnMessageBox([this](const MessageBoxSeen &box) { AnswerBox(box); });
 }
 
-ScriptPlayer::~ScriptPlayer() {
-    OnMessageBox(nullptr);
-}
-
-std::vector<std::string> ScriptPlayer::Play(const std::string &step) {
-    PlayStep(step);
-    std::vector<std::string> lines = run_.recorder.TakeLines();
-    const std::string selector = SelectorLine(run_.state);
-    if (std::exchange(selector_, selector) != selector) {
-        lines.push_back(selector);
+std::string ScriptPlayer::Play(const std::string &step) {
+    if (!std::exchange(started_, true) && step != "start") { // the creation is told only where a script asks for it
+        UseMouse(run_.window, nowhere, MouseAct::Move);
+        static_cast<void>(run_.recorder.TakeLines());
     }
-    return lines;
+    PlayStep(step);
+    std::string told;
+    for (const std::string &line : run_.recorder.TakeLines()) {
+        told += line + "\n";
+    }
+    const std::string selector = SelectorLine(*run_.state);
+    return std::exchange(selector_, selector) == selector ? told : told.append(selector) + "\n";
 }
 
 void ScriptPlayer::PlayStep(const std::string &step) {
+    std::string verb, target;
     std::istringstream words{step};
-    std::string verb;
     words >> verb;
-    if (verb == "start") {
-        return; // all that is asked for has been seen
-    }
-    if (verb == "key") {
-        return PlayKey(run_, words);
-    }
-    std::string target;
     std::getline(words >> std::ws, target);
-    if (!PlayMouse(verb, target)) {
-        PlayOther(verb, target);
-    }
+    const auto rest = [&] { return std::istringstream{target}; };
+    const std::map<std::string, std::function<void()>> verbs = {
+        {"start", [] {}}, // all that is asked for has been seen
+        {"key", [&] { PlayKey(rest()); }},
+        {"type", [&] { TypeText(run_.window, Utf8ToWide(target)); }},
+        {"text", [&] { SetText(rest()); }},
+        {"rows", [&] { FillRecentList(std::stoi(target)); }},
+        {"long-row", [&] { AddLongRow(); }},
+        {"in-box", [&] { stepInBox_ = target; }},
+        {"minimise", [&] { Minimise(run_.window); }},
+        {"restore", [&] { Restore(run_.window); }},
+        {"deactivate", [&] { SetActive(run_.window, false); }},
+        {"activate", [&] { SetActive(run_.window, true); }},
+        {"close", [&] { SendMessageW(run_.window, WM_CLOSE, 0, 0); }},
+        {"focus", [&] { SetFocus(HandleOf(target)); }},
+        {"hide", [&] { ShowWindow(HandleOf(target), SW_HIDE); }},
+        {"show", [&] { ShowWindow(HandleOf(target), SW_SHOWNA); }},
+        {"disable", [&] { EnableWindow(HandleOf(target), FALSE); }},
+        {"enable", [&] { EnableWindow(HandleOf(target), TRUE); }},
+        {"editors", [&] { NoteEditors(); }},
+        {"make", [&] { MakeFile(rest()); }},
+        {"files", [&] { NoteFiles(); }},
+        {"facts", [&] { NoteControls(rest()); }},
+        {"scene", [&] { picture_.PaintScene(); }},
+        {"item", [&] { picture_.PaintItem(rest()); }},
+        {"across", [&] { run_.recorder.Note(picture_.Across(target)); }},
+        {"down", [&] { run_.recorder.Note(picture_.Down(target)); }},
+        {"area", [&] { run_.recorder.Note(picture_.Area(rest())); }},
+        {"changed", [&] { run_.recorder.Note(picture_.Changed()); }},
+    };
+    const auto mouse = mouseVerbs.find(verb);
+    mouse != mouseVerbs.end() ? PlayMouse(mouse->second, target) : verbs.at(verb)();
     Settle();
     AwaitMouseLeave();
 }
 
-bool ScriptPlayer::PlayMouse(const std::string &verb, const std::string &target) {
-    const std::map<std::string, void (*)(HWND, POINT)> verbs = {{"move", MoveMouse},
-                                                                {"press", PressMouse},
-                                                                {"release", ReleaseMouse},
-                                                                {"double-click", DoubleClickMouse},
-                                                                {"click", [](HWND window, POINT point) {
-                                                                     PressMouse(window, point);
-                                                                     ReleaseMouse(window, point);
-                                                                 }}};
-    const auto found = verbs.find(verb);
-    if (found == verbs.end()) {
-        return false;
-    }
+void ScriptPlayer::PlayMouse(const std::vector<MouseAct> &acts, const std::string &target) {
     mouse_ = PointOf(target);
-    MoveMouse(run_.window, mouse_); // so that what it leaves is told first
+    UseMouse(run_.window, mouse_, MouseAct::Move); // so that what it leaves is told first
     AwaitMouseLeave();
-    pressed_ = verb == "press" || (pressed_ && verb == "move");
-    found->second(run_.window, mouse_);
-    return true;
+    for (const MouseAct act : acts) {
+        pressed_ = act == MouseAct::Press || (pressed_ && act == MouseAct::Move);
+        UseMouse(run_.window, mouse_, act);
+    }
 }
 
-void ScriptPlayer::PlayOther(const std::string &verb, const std::string &target) {
-    const HWND window = run_.window;
-    const HWND control = ControlNamed(run_.state, target);
-    const std::map<std::string, std::function<void()>> verbs = {
-        {"rows", [&] { FillRecentList(std::stoi(target)); }},
-        {"in-box", [&] { stepInBox_ = target; }},
-        {"type",
-         [&] {
-             TypeText(window, WideText{target.begin(), target.end()});
-         }},
-        {"minimise", [&] { Minimise(window); }},
-        {"restore", [&] { Restore(window); }},
-        {"deactivate", [&] { DeactivateApplication(window); }},
-        {"activate", [&] { ActivateApplication(window); }},
-        {"close", [&] { SendMessageW(window, WM_CLOSE, 0, 0); }},
-        {"focus", [&] { SetFocus(control); }},
-        {"hide", [&] { ShowWindow(control, SW_HIDE); }},
-        {"show", [&] { ShowWindow(control, SW_SHOW); }},
-        {"disable", [&] { EnableWindow(control, FALSE); }},
-        {"enable", [&] { EnableWindow(control, TRUE); }},
-        {"editors", [&] { NoteEditors(); }},
-    };
-    const auto found = verbs.find(verb);
-    if (found == verbs.end()) {
-        throw std::invalid_argument{"no such step: " + verb};
+void ScriptPlayer::PlayKey(std::istringstream words) const {
+    std::string key, more;
+    words >> key;
+    KeyPlace place = KeyPlace::Main;
+    int presses = 1;
+    while (words >> more) {
+        more == "keypad" ? void(place = KeyPlace::Keypad) : void(presses = std::stoi(more));
     }
-    found->second();
+    PressKey(run_.window, KeyNamed(key), place, presses);
+}
+
+void ScriptPlayer::AnswerBox(const MessageBoxSeen &box) {
+    // What follows these words is the system's.
+    constexpr std::string_view systems = "create_directories: ...";
+    const std::string text = WideToUtf8(box.text), buttons = std::to_string(box.buttons);
+    run_.recorder.Note(Line({"message box:", box.icon, "with", buttons, "button,", WideToUtf8(box.title)}));
+    run_.recorder.Note(Line({"says:", text.starts_with(systems.substr(0, 20)) ? systems : text}));
+    if (const std::string step = std::exchange(stepInBox_, {}); !step.empty()) {
+        PlayStep(step);
+        run_.recorder.Note("message box answered");
+    }
+}
+
+void ScriptPlayer::SetText(std::istringstream words) const {
+    std::string name, text;
+    words >> name >> std::quoted(text);
+    if (text.starts_with('~')) {
+        text.replace(0, 1, NarrowFromPathLenient(sandbox_.folder().Path()));
+    }
+    SetWindowTextW(HandleOf(name), Utf8ToWide(text).c_str());
 }
 
 // That the mouse has left a button may be told some time later, but not while a press holds the mouse.
-void ScriptPlayer::AwaitMouseLeave() const {
+void ScriptPlayer::AwaitMouseLeave() {
     const bool left = PumpUntil([this] {
-        const HWND hovered = run_.state.hoveredControl;
-        if (pressed_ || hovered == nullptr || IsWindow(hovered) == 0) {
-            return true;
-        }
-        const auto place = places.find(ControlName(GetDlgCtrlID(hovered)));
-        return PtInRect(&(run_.state.layout.*place->second), mouse_) != 0;
+        const HWND hovered = run_.state->hoveredControl;
+        return pressed_ || hovered == nullptr || IsWindow(hovered) == 0 ||
+               PtInRect(&(run_.state->layout.*ControlWithId(GetDlgCtrlID(hovered)).place), mouse_) != 0;
     });
     if (!left) {
         run_.recorder.Note("the mouse never leaves");
     }
 }
 
+std::string ScriptPlayer::Shown(std::string text) const {
+    std::ranges::replace(text, '\\', '/');
+    const std::string home = sandbox_.folder().Path().generic_string();
+    const std::size_t place = text.find(home);
+    return place == std::string::npos ? text : text.erase(place, home.size()).insert(place, 1, '~');
+}
+
+HWND ScriptPlayer::HandleOf(const std::string &name) const {
+    return name == "window" ? run_.window : GetDlgItem(run_.window, ControlNamed(name).id);
+}
+
 POINT ScriptPlayer::PointOf(const std::string &target) const {
     std::string name;
     std::istringstream parts{target};
     std::getline(parts, name, ':');
-    POINT point = nowhere;
-    char comma = 0;
     if (name == "window") {
-        parts >> point.x >> comma >> point.y;
+        POINT point{};
+        parts >> point.x;
+        parts.ignore() >> point.y;
         return point;
     }
-    const RECT &rect = run_.state.layout.*places.at(name);
+    const RECT &rect = run_.state->layout.*ControlNamed(name).place;
     LONG row = 0;
+    const LONG x = (rect.left + rect.right) / 2;
     if (!(parts >> row)) {
-        return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+        return {x, (rect.top + rect.bottom) / 2};
     }
-    const LONG height = name == "popup" ? 40 : run_.state.layout.recentRowHeight;
-    return {(rect.left + rect.right) / 2, rect.top + row * height + height / 2};
+    const LONG height = name == "popup" ? 40 : run_.state->layout.recentRowHeight;
+    return {x, rect.top + row * height + height / 2};
 }
 
 // What the editors were given that have been started; an editor of our own comes last, so that none is missed.
-void ScriptPlayer::NoteEditors() const {
+void ScriptPlayer::NoteEditors() {
     const auto calls = [this] { return sandbox_.EditorCalls(); };
-    const std::string last = "[last]";
     const bool started = PumpUntil([&] { return !calls().empty(); }) && LaunchEditor(nullptr, {WIDE("last")});
-    if (!started || !PumpUntil([&] { return calls().back() == last; })) {
+    if (!started || !PumpUntil([&] { return calls().back() == "[last]"; })) {
         run_.recorder.Note("no editor");
     }
-    const std::string home = sandbox_.folder().Path().generic_string();
-    for (std::string call : calls()) {
-        std::replace(call.begin(), call.end(), '\\', '/');
-        const std::size_t place = call.find(home);
-        if (place != std::string::npos) {
-            call = call.substr(0, place).append("~").append(call.substr(place + home.size()));
-        }
-        if (call != last) {
-            run_.recorder.Note(std::string{"editor "}.append(call));
+    for (const std::string &call : calls()) {
+        if (call != "[last]") {
+            run_.recorder.Note(Line({"editor", Shown(call)}));
         }
     }
+}
+
+void ScriptPlayer::MakeFile(std::istringstream words) const {
+    std::string path, content;
+    words >> path >> content;
+    sandbox_.folder().Make(path, content);
+}
+
+void ScriptPlayer::NoteFiles() {
+    std::vector<std::string> entries;
+    for (const auto &entry : std::filesystem::recursive_directory_iterator{sandbox_.folder().Path()}) {
+        entries.push_back(Shown(NarrowFromPathLenient(entry.path())));
+    }
+    std::ranges::sort(entries);
+    std::ranges::for_each(entries, [this](const std::string &entry) { run_.recorder.Note(Line({"file", entry})); });
+}
+
+void ScriptPlayer::NoteControls(std::istringstream names) {
+    for (std::string name; names >> name;) {
+        const HWND control = HandleOf(name);
+        run_.recorder.Note(Line({name, Shown(Facts(control))}));
+        if (name != "window" && ControlNamed(name).kind == Kind::List) {
+            run_.recorder.Note(Line({name, "rows", std::to_string(SendMessageW(control, LB_GETCOUNT, 0, 0)), "of",
+                                     std::to_string(SendMessageW(control, LB_GETITEMHEIGHT, 0, 0))}));
+        }
+    }
+}
+
+void ScriptPlayer::AddLongRow() const {
+    run_.state->recentProjects.push_back(
+        {.path = std::string(300, 'p') + "/W.oproject", .name = std::string(300, 'W')});
 }
 
 // Projects that exist, so that Remove Missing keeps them.
 void ScriptPlayer::FillRecentList(int rows) {
-    run_.state.recentProjects.clear();
+    run_.state->recentProjects.clear();
     for (int row = 0; row < rows; ++row) {
         const std::string name = "Project" + std::to_string(row);
-        run_.state.recentProjects.push_back({.path = sandbox_.folder().Make(name + ".oproject"), .name = name});
+        run_.state->recentProjects.push_back({.path = sandbox_.folder().Make(name + ".oproject"), .name = name});
     }
-    RefreshRecentList(run_.state);
+    RefreshRecentList(*run_.state);
 }
 
 } // namespace ovrin::desktop

@@ -1,12 +1,14 @@
 // Real input through SendInput. Input carries times of its own, so that the machine's speed never decides what is a
 // double click. A message box is met by a hook on activation and answered from inside its own message loop.
+#include "launcher/look/GdiHandles.h"
+#include "launcher/workflows/FormInput.h"
 #include "tests/desktop/DesktopDriver.h"
+#include "tests/support/RunProbe.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -20,56 +22,32 @@ namespace {
 
 constexpr DWORD apart = 10'000; // milliseconds, far beyond any double-click time
 constexpr DWORD inARow = 1;
-constexpr UINT boxIsUp = WM_APP;
-constexpr UINT callAction = WM_APP + 1;
 
 std::function<void(const MessageBoxSeen &)> boxObserver;
 HWND knownBox = nullptr;
-std::function<void()> loopAction;
+std::function<void()> posted;
 
 DWORD InputTime(DWORD step) {
     static DWORD now = 1;
     return now += step;
 }
 
-void SendMouse(HWND window, POINT point, DWORD flags, DWORD step) {
-    ClientToScreen(window, &point);
-    const LONG width = GetSystemMetrics(SM_CXSCREEN);
-    const LONG height = GetSystemMetrics(SM_CYSCREEN);
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dx = (point.x * 65536 + width - 1) / width;
-    input.mi.dy = (point.y * 65536 + height - 1) / height;
-    input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | flags;
-    input.mi.time = InputTime(step);
-    SendInput(1, &input, sizeof input);
-}
-
 void SendKey(WORD key, WORD scan, DWORD flags) {
     INPUT input{};
     input.type = INPUT_KEYBOARD;
-    input.ki.wVk = key;
-    input.ki.wScan = scan;
-    input.ki.dwFlags = flags;
-    input.ki.time = InputTime(inARow);
+    input.ki = {key, scan, flags, InputTime(inARow), 0};
     SendInput(1, &input, sizeof input);
 }
 
-WideText TextOf(HWND window) {
-    std::array<wchar_t, 1024> buffer{};
-    GetWindowTextW(window, buffer.data(), static_cast<int>(buffer.size()));
-    return buffer.data();
-}
-
-UINT IconFlag(HICON icon) {
-    const std::pair<LPCSTR, UINT> icons[] = {
-        {IDI_ERROR, MB_ICONERROR}, {IDI_WARNING, MB_ICONWARNING}, {IDI_INFORMATION, MB_ICONINFORMATION}};
-    for (const auto &[name, flag] : icons) {
-        if (icon != nullptr && LoadIconA(nullptr, name) == icon) {
-            return flag;
+std::string_view NameOf(HICON icon) {
+    const std::pair<LPCSTR, std::string_view> icons[] = {
+        {IDI_ERROR, "error"}, {IDI_WARNING, "warning"}, {IDI_INFORMATION, "information"}};
+    for (const auto &[resource, name] : icons) {
+        if (icon != nullptr && LoadIconA(nullptr, resource) == icon) {
+            return name;
         }
     }
-    return 0;
+    return "plain";
 }
 
 BOOL CALLBACK ReadBoxChild(HWND child, LPARAM target) {
@@ -83,15 +61,15 @@ BOOL CALLBACK ReadBoxChild(HWND child, LPARAM target) {
     if (WideTextView{name.data()} == L"Button") {
         ++box.buttons;
     } else if ((style & SS_TYPEMASK) == SS_ICON) {
-        box.icon = IconFlag(reinterpret_cast<HICON>(SendMessageW(child, STM_GETICON, 0, 0)));
+        box.icon = NameOf(reinterpret_cast<HICON>(SendMessageW(child, STM_GETICON, 0, 0)));
     } else {
-        box.text += TextOf(child);
+        box.text += ReadFormText(child);
     }
     return TRUE;
 }
 
 void MeetBox(HWND box) {
-    MessageBoxSeen seen{.title = TextOf(box), .text = {}, .icon = 0, .buttons = 0};
+    MessageBoxSeen seen{.title = ReadFormText(box), .text = {}, .icon = "plain", .buttons = 0};
     EnumChildWindows(box, ReadBoxChild, reinterpret_cast<LPARAM>(&seen));
     if (boxObserver) {
         boxObserver(seen);
@@ -100,28 +78,28 @@ void MeetBox(HWND box) {
     SendMessageW(box, WM_COMMAND, IDOK, 0);
 }
 
-LRESULT CALLBACK MeetingProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case boxIsUp: MeetBox(reinterpret_cast<HWND>(lParam)); return 0;
-    case callAction: std::exchange(loopAction, nullptr)(); return 0;
-    default: return DefWindowProcW(window, message, wParam, lParam);
+LRESULT CALLBACK CallPosted(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_APP) {
+        return DefWindowProcW(window, message, wParam, lParam);
     }
+    std::exchange(posted, nullptr)();
+    return 0;
 }
 
-HWND MeetingWindow() {
-    static const HWND window = [] {
-        const HWND made = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-        SetWindowLongPtrW(made, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&MeetingProc));
-        return made;
-    }();
-    return window;
+// Calls it from the message loop that runs next, a message box's included.
+void Post(std::function<void()> action) {
+    static const HWND window =
+        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&CallPosted));
+    posted = std::move(action);
+    PostMessageW(window, WM_APP, 0, 0);
 }
 
 LRESULT CALLBACK WatchActivation(int code, WPARAM wParam, LPARAM lParam) {
     const auto window = reinterpret_cast<HWND>(wParam);
     if (code == HCBT_ACTIVATE && GetClassLongPtrW(window, GCW_ATOM) == 32770 && window != knownBox) {
         knownBox = window;
-        PostMessageW(MeetingWindow(), boxIsUp, 0, static_cast<LPARAM>(wParam));
+        Post([window] { MeetBox(window); });
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
@@ -146,77 +124,41 @@ std::size_t CountInSharedTable() {
         std::count_if(table, table + entries, [](const Entry &entry) { return entry.kind != 0; }));
 }
 
-// False when nothing is waiting, or the loop's end is.
-bool HandleOneMessage() {
-    MSG message;
-    if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == 0) {
-        return false;
-    }
-    if (message.message == WM_QUIT) {
-        PostQuitMessage(static_cast<int>(message.wParam));
-        return false;
-    }
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-    return true;
-}
-
 } // namespace
 
-void CallFromLoop(std::function<void()> action) {
-    loopAction = std::move(action);
-    PostMessageW(MeetingWindow(), callAction, 0, 0);
-}
-
-int RunEntry() {
+int RunEntry(std::function<void()> action) {
+    Post(std::move(action));
     // Wine tells that the mouse has left when this time is over.
     SystemParametersInfoW(SPI_SETMOUSEHOVERTIME, 10, nullptr, 0);
     const HINSTANCE instance = GetModuleHandleW(nullptr);
     const int exitCode = wWinMain(instance, nullptr, nullptr, SW_SHOWNORMAL);
-    UnregisterClassW(L"OvrinLauncherWindow", instance); // the entry leaves it to the end of the process
-    SendMouse(GetDesktopWindow(), {0, 0}, 0, apart);
-    Settle(); // what is left of this run must not reach the next one
+    UnregisterClassW(L"OvrinLauncherWindow", instance);   // the entry leaves it to the end of the process
+    UseMouse(GetDesktopWindow(), {0, 0}, MouseAct::Move); // what is left of this run must not reach the next one
     return exitCode;
 }
 
 void Settle() {
-    while (HandleOneMessage()) {
-    }
-}
-
-bool PumpUntil(const std::function<bool()> &condition) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes{1};
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > deadline) {
-            return false;
+    for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0;) {
+        if (message.message == WM_QUIT) {
+            return PostQuitMessage(static_cast<int>(message.wParam));
         }
-        Settle();
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
     }
-    return true;
 }
 
-void MoveMouse(HWND window, POINT point) {
-    SendMouse(window, point, 0, inARow);
+void UseMouse(HWND window, POINT point, MouseAct act) {
+    constexpr DWORD buttons[] = {0, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP};
+    ClientToScreen(window, &point);
+    const LONG width = GetSystemMetrics(SM_CXSCREEN), height = GetSystemMetrics(SM_CYSCREEN);
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dx = (point.x * 65536 + width - 1) / width;
+    input.mi.dy = (point.y * 65536 + height - 1) / height;
+    input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | buttons[static_cast<int>(act)];
+    input.mi.time = InputTime(act == MouseAct::Press ? apart : inARow);
+    SendInput(1, &input, sizeof input);
     Settle();
-}
-
-void PressMouse(HWND window, POINT point) {
-    SendMouse(window, point, MOUSEEVENTF_LEFTDOWN, apart);
-    Settle();
-}
-
-void ReleaseMouse(HWND window, POINT point) {
-    SendMouse(window, point, MOUSEEVENTF_LEFTUP, inARow);
-    Settle();
-}
-
-void DoubleClickMouse(HWND window, POINT point) {
-    PressMouse(window, point);
-    ReleaseMouse(window, point);
-    SendMouse(window, point, MOUSEEVENTF_LEFTDOWN, inARow);
-    Settle();
-    ReleaseMouse(window, point);
 }
 
 void PressKey(HWND /*window*/, WPARAM key, KeyPlace place, int presses) {
@@ -239,13 +181,8 @@ void TypeText(HWND /*window*/, WideTextView text) {
     Settle();
 }
 
-void DeactivateApplication(HWND /*window*/) {
-    SetForegroundWindow(GetDesktopWindow());
-    Settle();
-}
-
-void ActivateApplication(HWND window) {
-    SetForegroundWindow(window);
+void SetActive(HWND window, bool active) {
+    SetForegroundWindow(active ? window : GetDesktopWindow());
     Settle();
 }
 
@@ -259,40 +196,19 @@ void OnMessageBox(std::function<void(const MessageBoxSeen &)> observer) {
     boxObserver = std::move(observer);
 }
 
-struct Canvas::Bits {
-    explicit Bits(SIZE size) {
-        BITMAPINFO info{};
-        info.bmiHeader.biSize = sizeof info.bmiHeader;
-        info.bmiHeader.biWidth = size.cx;
-        info.bmiHeader.biHeight = -size.cy;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        void *memory = nullptr;
-        bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &memory, nullptr, 0);
-        old = SelectObject(dc, bitmap);
+std::vector<COLORREF> Painted(SIZE size, const std::function<void(HDC)> &paint) {
+    std::vector<COLORREF> pixels(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy));
+    const UniqueBitmap bitmap{CreateBitmap(size.cx, size.cy, 1, 32, pixels.data())};
+    const HDC dc = CreateCompatibleDC(nullptr);
+    {
+        const SelectionScope selected{dc, bitmap.get()};
+        paint(dc);
+        for (std::size_t at = 0; at < pixels.size(); ++at) {
+            pixels[at] = GetPixel(dc, static_cast<LONG>(at) % size.cx, static_cast<LONG>(at) / size.cx);
+        }
     }
-    Bits(const Bits &) = delete;
-    Bits &operator=(const Bits &) = delete;
-    ~Bits() {
-        SelectObject(dc, old);
-        DeleteObject(bitmap);
-        DeleteDC(dc);
-    }
-
-    HDC dc = CreateCompatibleDC(nullptr);
-    HBITMAP bitmap = nullptr;
-    HGDIOBJ old = nullptr;
-};
-
-Canvas::Canvas(SIZE size) : bits_(std::make_unique<Bits>(size)) {}
-Canvas::~Canvas() = default;
-
-HDC Canvas::dc() const {
-    return bits_->dc;
-}
-
-COLORREF Canvas::PixelAt(POINT point) const {
-    return GetPixel(bits_->dc, point.x, point.y);
+    DeleteDC(dc);
+    return pixels;
 }
 
 std::size_t CountDrawingObjects() {
@@ -315,7 +231,7 @@ std::size_t AllocatedMemory() {
 
 namespace {
 
-// Starts a program with our standard handles, on a desktop where one is named.
+// Starts a program with our standard handles, on that desktop.
 PROCESS_INFORMATION Start(std::wstring commandLine, std::wstring desktop) {
     STARTUPINFOW startUp{};
     startUp.cb = sizeof startUp;
@@ -335,12 +251,9 @@ int RunOnDesktopOfItsOwn() {
     SetEnvironmentVariableW(L"OVRIN_TEST_DESKTOP", name.c_str());
     const PROCESS_INFORMATION desktop = Start(L"explorer.exe /desktop=" + name + L",1400x1000,null", L"");
     WaitForInputIdle(desktop.hProcess, INFINITE);
-    const PROCESS_INFORMATION tests = Start(GetCommandLineW(), name);
-    WaitForSingleObject(tests.hProcess, INFINITE);
-    DWORD exitCode = 1;
-    GetExitCodeProcess(tests.hProcess, &exitCode);
+    const int exitCode = ovrin::testing::AwaitEnd(Start(GetCommandLineW(), name));
     TerminateProcess(desktop.hProcess, 0);
-    return static_cast<int>(exitCode);
+    return exitCode;
 }
 
 } // namespace

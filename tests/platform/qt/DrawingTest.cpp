@@ -1,8 +1,9 @@
 // Contexts, drawing objects and text of the layer, pixel by pixel where areas are flat.
-#include "platform/winapi/WinApi.h"
+#include "launcher/look/GdiHandles.h"
 #include "platform/winapi/qt/DeviceContext.h"
 #include "platform/winapi/qt/TextDrawing.h"
 
+#include <QBitmap>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QImage>
@@ -19,17 +20,12 @@ namespace {
 constexpr QRgb black = 0xFF000000, white = 0xFFFFFFFF, red = 0xFFFF0000;
 constexpr COLORREF redReference = 0x0000FF;
 
-// What isn't the background: empty if nothing was drawn.
-QRect Inked(const QImage &image, QRgb background) {
-    QRect inked;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixel(x, y) != background) {
-                inked |= QRect(x, y, 1, 1);
-            }
-        }
-    }
-    return inked;
+UniqueFont MakeFont(std::u16string_view face, LONG height, LONG weight) {
+    LOGFONTW record{};
+    record.lfHeight = height;
+    record.lfWeight = weight;
+    face.copy(record.lfFaceName, LF_FACESIZE - 1);
+    return UniqueFont{CreateFontIndirectW(&record)};
 }
 
 class Drawing : public testing::Test {
@@ -46,6 +42,11 @@ protected:
     }
     [[nodiscard]] HDC dc() const { return context_->dc(); }
 
+    // What isn't white: empty if nothing was drawn.
+    [[nodiscard]] QRect Inked() const {
+        return QRegion(QBitmap::fromImage(target_.createMaskFromColor(white, Qt::MaskInColor))).boundingRect();
+    }
+
     // On a white ground; the height comes back.
     int Draw(std::u16string_view text, RECT rect, UINT format) {
         target_.fill(white);
@@ -57,24 +58,16 @@ protected:
     std::optional<ContextScope> context_;
 };
 
-HFONT MakeFont(std::u16string_view face, LONG height, LONG weight) {
-    LOGFONTW record{};
-    record.lfHeight = height;
-    record.lfWeight = weight;
-    face.copy(record.lfFaceName, LF_FACESIZE - 1);
-    return CreateFontIndirectW(&record);
-}
-
 TEST_F(Drawing, FillsWholePixelsWithoutRightAndBottomEdge) {
     const HBRUSH brush = CreateSolidBrush(redReference);
     painter_.setRenderHint(QPainter::Antialiasing);
     for (const RECT nothing : {RECT{9, 9, 9, 20}, RECT{20, 9, 9, 20}, RECT{9, 20, 20, 9}}) {
         EXPECT_NE(FillRect(dc(), &nothing, brush), 0);
     }
-    EXPECT_EQ(Inked(target_, white), QRect());
+    EXPECT_EQ(Inked(), QRect());
     const RECT rect{3, 4, 7, 6};
     EXPECT_NE(FillRect(dc(), &rect, brush), 0);
-    EXPECT_EQ(Inked(target_, white), QRect(3, 4, 4, 2));
+    EXPECT_EQ(Inked(), QRect(3, 4, 4, 2));
     EXPECT_EQ(target_.pixel(6, 5), red);
     EXPECT_TRUE(painter_.testRenderHint(QPainter::Antialiasing)) << "the widget's painter comes back as it was";
     EXPECT_EQ(FillRect(dc(), &rect, nullptr), 0);
@@ -86,8 +79,13 @@ TEST_F(Drawing, FillsWholePixelsWithoutRightAndBottomEdge) {
     EXPECT_EQ(BrushColour(static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH))), QColor(Qt::black));
 }
 
-TEST_F(Drawing, CopiesFromMemoryAlsoWithinOneBitmapAndGivesOldObjectsBack) {
+TEST_F(Drawing, CopiesFromMemoryOnceThereIsABitmapAlsoWithinItAndGivesOldObjectsBack) {
     const HDC memory = CreateCompatibleDC(dc());
+    for (const SIZE size : {SIZE{0, 5}, SIZE{5, 0}, SIZE{-3, 5}}) {
+        EXPECT_EQ(CreateCompatibleBitmap(dc(), size.cx, size.cy), nullptr);
+    }
+    EXPECT_TRUE(BitBlt(dc(), 0, 0, 4, 4, memory, 0, 0, SRCCOPY));
+    EXPECT_EQ(Inked(), QRect()) << "without a bitmap there is nothing to copy";
     const HBITMAP bitmap = CreateCompatibleBitmap(dc(), 10, 10);
     const HBRUSH brush = CreateSolidBrush(redReference);
     const HGDIOBJ oldBitmap = SelectObject(memory, bitmap);
@@ -96,7 +94,7 @@ TEST_F(Drawing, CopiesFromMemoryAlsoWithinOneBitmapAndGivesOldObjectsBack) {
     FillRect(memory, &rect, brush);
     EXPECT_TRUE(BitBlt(memory, 2, 2, 4, 4, memory, 0, 0, SRCCOPY));
     EXPECT_TRUE(BitBlt(dc(), 50, 20, 6, 6, memory, 2, 2, SRCCOPY));
-    EXPECT_EQ(Inked(target_, white), QRect(50, 20, 6, 6));
+    EXPECT_EQ(Inked(), QRect(50, 20, 6, 6));
     EXPECT_EQ(target_.pixel(53, 23), red);
     EXPECT_EQ(target_.pixel(54, 23), black) << "a new bitmap is black";
     const HGDIOBJ oldBrush = SelectObject(memory, brush);
@@ -106,47 +104,21 @@ TEST_F(Drawing, CopiesFromMemoryAlsoWithinOneBitmapAndGivesOldObjectsBack) {
     EXPECT_TRUE(DeleteObject(bitmap) && DeleteObject(brush) && DeleteDC(memory));
 }
 
-TEST_F(Drawing, ASizeOfNothingGivesNoBitmapAndDrawsNowhere) {
-    const HDC memory = CreateCompatibleDC(dc());
-    for (const SIZE size : {SIZE{0, 5}, SIZE{5, 0}, SIZE{-3, 5}}) {
-        EXPECT_EQ(CreateCompatibleBitmap(dc(), size.cx, size.cy), nullptr);
-    }
-    const RECT rect{0, 0, 4, 4};
-    FillRect(memory, &rect, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
-    EXPECT_TRUE(BitBlt(dc(), 0, 0, 4, 4, memory, 0, 0, SRCCOPY));
-    EXPECT_EQ(Inked(target_, white), QRect());
-    EXPECT_TRUE(DeleteDC(memory));
-}
-
 TEST_F(Drawing, ABitmapHasThePixelDensityOfItsTarget) {
     QImage dense(20, 20, QImage::Format_RGB32);
     dense.setDevicePixelRatio(2);
     dense.fill(white);
     QPainter painter(&dense);
     const ContextScope scope(painter);
-    const HDC memory = CreateCompatibleDC(scope.dc());
-    const HBITMAP bitmap = CreateCompatibleBitmap(scope.dc(), 10, 10);
-    const HGDIOBJ old = SelectObject(memory, bitmap);
-    LONG fine = 0;
-    {
-        const HFONT font = MakeFont(u"Open Sans", -9, 400);
-        const HGDIOBJ oldFont = SelectObject(memory, font);
-        SetTextColor(memory, 0xFFFFFF);
-        SetBkMode(memory, TRANSPARENT);
-        RECT rect{0, 0, 10, 10};
-        DrawTextW(memory, u"v", 1, &rect, DT_SINGLELINE);
-        SelectObject(memory, oldFont);
-        DeleteObject(font);
-    }
-    BitBlt(scope.dc(), 0, 0, 10, 10, memory, 0, 0, SRCCOPY);
-    for (int y = 0; y < 20; y += 2) {
-        for (int x = 0; x < 20; x += 2) {
-            fine += dense.pixel(x, y) != dense.pixel(x + 1, y);
-        }
-    }
-    EXPECT_GT(fine, 0) << "the text was drawn coarse and stretched";
-    SelectObject(memory, old);
-    EXPECT_TRUE(DeleteObject(bitmap) && DeleteDC(memory));
+    const MemoryCanvas memory(scope.dc(), {10, 10});
+    const UniqueFont font = MakeFont(u"Open Sans", -9, 400);
+    const SelectionScope selected(memory.dc(), font.get());
+    SetTextColor(memory.dc(), 0xFFFFFF);
+    SetBkMode(memory.dc(), TRANSPARENT);
+    RECT rect{0, 0, 10, 10};
+    DrawTextW(memory.dc(), u"v", 1, &rect, DT_SINGLELINE);
+    memory.CopyTo(scope.dc());
+    EXPECT_NE(dense.scaled(10, 10).scaled(20, 20), dense) << "the text was drawn coarse and stretched";
 }
 
 TEST_F(Drawing, SettingsGiveThePreviousValueBack) {
@@ -163,11 +135,9 @@ TEST_F(Drawing, AStaleHandleIsAFaultAndSelectsNothing) {
     const HBRUSH brush = CreateSolidBrush(redReference);
     DeleteObject(brush);
     EXPECT_DEBUG_DEATH(EXPECT_EQ(SelectObject(dc(), brush), nullptr), "stale");
-    const HBRUSH selected = CreateSolidBrush(redReference);
-    const HGDIOBJ old = SelectObject(dc(), selected);
-    EXPECT_DEBUG_DEATH(EXPECT_FALSE(DeleteObject(selected)), "selected");
-    SelectObject(dc(), old);
-    EXPECT_TRUE(DeleteObject(selected));
+    const UniqueBrush selected{CreateSolidBrush(redReference)};
+    const SelectionScope selection(dc(), selected.get());
+    EXPECT_DEBUG_DEATH(EXPECT_FALSE(DeleteObject(selected.get())), "selected");
 }
 
 TEST(FlatDrawingLibrary, StartsInVersionOneOnly) {
@@ -184,42 +154,42 @@ TEST(FlatDrawingLibrary, StartsInVersionOneOnly) {
 }
 
 TEST_F(Drawing, FontsHaveTheirEmSizeWeightAndFirstInstalledFace) {
-    const HFONT font = MakeFont(u"Segoe UI Semibold", -15, 600);
-    EXPECT_EQ(FontOf(font).pixelSize(), 15);
-    EXPECT_EQ(FontOf(font).weight(), 600);
+    UniqueFont owned = MakeFont(u"Segoe UI Semibold", -15, 600);
+    const HFONT handle = owned.get();
+    const QFont font = FontOf(handle);
+    EXPECT_EQ(font.pixelSize(), 15);
+    EXPECT_EQ(font.weight(), 600);
     for (const char *family : {"Segoe UI Semibold", "Segoe UI", "Selawik", "Open Sans", "Noto Sans"}) {
         if (QFontDatabase::hasFamily(QLatin1String(family))) {
-            EXPECT_EQ(QFontInfo(FontOf(font)).family(), QLatin1String(family));
+            EXPECT_EQ(QFontInfo(font).family(), QLatin1String(family));
             break;
         }
     }
-    const HGDIOBJ old = SelectObject(dc(), font);
-    EXPECT_EQ(SelectObject(dc(), old), font);
-    EXPECT_TRUE(DeleteObject(font));
-    EXPECT_EQ(FontOf(font), QFont());
+    const HGDIOBJ old = SelectObject(dc(), handle);
+    EXPECT_EQ(SelectObject(dc(), old), handle);
+    owned.reset();
+    EXPECT_EQ(FontOf(handle), QFont());
 }
 
 TEST_F(Drawing, TextStandsWhereItsFlagsPutItAndStaysInItsBox) {
-    const HFONT font = MakeFont(u"Open Sans", -15, 400);
-    const HGDIOBJ old = SelectObject(dc(), font);
+    const UniqueFont font = MakeFont(u"Open Sans", -15, 400);
+    const SelectionScope selected(dc(), font.get());
     SetBkColor(dc(), redReference);
     const RECT box{10, 5, 190, 75};
     const int height = Draw(u"A&B", box, DT_SINGLELINE);
-    const QRect topLeft = Inked(target_, white); // with the background: the line's whole cell
+    const QRect topLeft = Inked(); // with the background: the line's whole cell
     EXPECT_EQ(topLeft, QRect(10, 5, topLeft.width(), height));
-    EXPECT_EQ(topLeft.width(), qCeil(QFontMetricsF(FontOf(font)).horizontalAdvance(QStringLiteral("A&B"))));
+    EXPECT_EQ(topLeft.width(), qCeil(QFontMetricsF(FontOf(font.get())).horizontalAdvance(QStringLiteral("A&B"))));
     Draw(u"A&B", box, DT_SINGLELINE | DT_CENTER | DT_VCENTER);
-    EXPECT_EQ(Inked(target_, white).topLeft(), QPoint(10 + (180 - topLeft.width()) / 2, 5 + (70 - height) / 2));
+    EXPECT_EQ(Inked().topLeft(), QPoint(10 + (180 - topLeft.width()) / 2, 5 + (70 - height) / 2));
     EXPECT_EQ(Draw(u"A\r\nB", box, DT_VCENTER), 2 * height) << "several lines start at the top";
-    EXPECT_EQ(Inked(target_, white).top(), 5);
+    EXPECT_EQ(Inked().top(), 5);
     EXPECT_EQ(Draw(u"", box, DT_SINGLELINE), 0);
     SetBkMode(dc(), TRANSPARENT);
     const RECT narrow{10, 9, 16, 12};
     Draw(u"WWWWWW", narrow, DT_SINGLELINE | DT_CENTER | DT_VCENTER);
-    EXPECT_EQ(Inked(target_, white), QRect(10, 9, 6, 3) & Inked(target_, white));
-    EXPECT_NE(Inked(target_, white), QRect());
-    SelectObject(dc(), old);
-    DeleteObject(font);
+    EXPECT_EQ(Inked(), QRect(10, 9, 6, 3) & Inked());
+    EXPECT_NE(Inked(), QRect());
 }
 
 TEST_F(Drawing, TextWithoutRoomWrapsAtBlanksOrLosesCharacters) {

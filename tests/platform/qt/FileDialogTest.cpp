@@ -295,11 +295,23 @@ TEST_F(FileDialogChoice, SaveAddsTheExtensionAndAsksBeforeItReplaces) {
     }
 }
 
+// Root may write everything; meanwhile it is somebody else.
+class OrdinaryUserScope {
+public:
+    OrdinaryUserScope() { EXPECT_TRUE(!isRoot_ || setresuid(nobody, nobody, 0) == 0); }
+    OrdinaryUserScope(const OrdinaryUserScope &) = delete;
+    OrdinaryUserScope &operator=(const OrdinaryUserScope &) = delete;
+    ~OrdinaryUserScope() { EXPECT_TRUE(!isRoot_ || setresuid(0, 0, 0) == 0); }
+
+private:
+    static constexpr uid_t nobody = 65534;
+    bool isRoot_ = geteuid() == 0;
+};
+
 TEST_F(FileDialogChoice, SaveRefusesAFileThatCannotBeWritten) {
-    fs::permissions(folder_.Path() / "plain", fs::perms::owner_read);
-    if (access((folder_.Path() / "plain").c_str(), W_OK) == 0) {
-        GTEST_SKIP() << "this user may write everything";
-    }
+    fs::permissions(folder_.Path(), fs::perms::group_exec | fs::perms::others_exec, fs::perm_options::add);
+    fs::permissions(folder_.Path() / "plain", fs::perms::owner_read | fs::perms::others_read);
+    const OrdinaryUserScope user;
     IFileSaveDialog *dialog = NewSaveDialog();
     Check(*dialog, {"refused", saveMask | FOS_NOREADONLYRETURN, "plain", Reply::Ok, {}});
     Check(*dialog, {"the caller's affair", saveMask, "plain", Reply::Yes, {"plain"}});
