@@ -93,7 +93,7 @@ LRESULT ListBoxControl::SelectByProgram(int row) {
     if (row < -1 || row >= RowCount()) {
         return LB_ERR;
     }
-    Select(row);
+    Select(row, FullRows());
     return row == -1 ? LB_ERR : row;
 }
 
@@ -118,7 +118,7 @@ void ListBoxControl::OnPress(int y) {
 void ListBoxControl::OnDrag(int y) {
     const int row = RowAt(y);
     if (tracking_ && row >= 0) {
-        Select(row);
+        Select(row, ShownRows()); // else the list would move on under the mouse
     }
 }
 
@@ -145,7 +145,7 @@ void ListBoxControl::OnKey(WPARAM key) {
     row = std::clamp(row, 0, std::max(0, RowCount() - 1));
     if (row < RowCount() && row != selected_) {
         tracking_ = false;
-        Select(row);
+        Select(row, FullRows());
         Notify(LBN_SELCHANGE);
     }
 }
@@ -171,12 +171,16 @@ int ListBoxControl::FullRows() const {
     return height() / rowHeight_;
 }
 
-void ListBoxControl::Select(int row) {
+int ListBoxControl::ShownRows() const {
+    return (height() + rowHeight_ - 1) / rowHeight_;
+}
+
+void ListBoxControl::Select(int row, int rowsInView) {
     if (row == selected_) {
         return;
     }
     selected_ = row;
-    ScrollIntoView(row);
+    ScrollIntoView(row, std::max(1, rowsInView));
     repaint(); // now: the notification that follows may hide the list
     if (hasFocus() && row >= 0) {
         QAccessibleEvent focused(this, QAccessible::Focus);
@@ -193,11 +197,11 @@ void ListBoxControl::ScrollTo(int topRow) {
     update();
 }
 
-void ListBoxControl::ScrollIntoView(int row) {
+void ListBoxControl::ScrollIntoView(int row, int rowsInView) {
     if (row >= 0 && row < topRow_) {
         ScrollTo(row);
-    } else if (row >= topRow_ + std::max(1, FullRows())) {
-        ScrollTo(row - std::max(1, FullRows()) + 1);
+    } else if (row >= topRow_ + rowsInView) {
+        ScrollTo(row - rowsInView + 1);
     }
 }
 

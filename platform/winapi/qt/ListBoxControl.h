@@ -46,9 +46,10 @@ private:
 
     [[nodiscard]] int RowCount() const { return static_cast<int>(rows_.size()); }
     [[nodiscard]] int FullRows() const;
-    void Select(int row);
+    [[nodiscard]] int ShownRows() const; // the last one perhaps in part
+    void Select(int row, int rowsInView);
     void ScrollTo(int topRow);
-    void ScrollIntoView(int row);
+    void ScrollIntoView(int row, int rowsInView);
     void UpdateScrollBar();
 
     void Draw();
