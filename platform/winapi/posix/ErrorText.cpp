@@ -30,6 +30,7 @@ constexpr SystemMessage messages[] = {
     {0x80004005, u"Unspecified error.\r\n"},
     {0x8000FFFF, u"Unexpected failure.\r\n"},
     {0x80010106, u"The thread is already in another kind of apartment.\r\n"},
+    {0x8001010E, u"The call came from another thread than the windows'.\r\n"},
     {0x80040110, u"The class does not support aggregation.\r\n"},
     {0x80040154, u"The class is not registered.\r\n"},
     {0x800401F0, u"The thread has not entered an apartment.\r\n"},
