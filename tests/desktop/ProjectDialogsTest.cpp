@@ -3,105 +3,93 @@
 #include "launcher/workflows/FormInput.h"
 #include "platform/dialogs/ShellDialogs.h"
 #include "platform/text/NarrowPath.h"
-#include "platform/text/TextConversion.h"
 #include "tests/desktop/ScriptPlayer.h"
 
-#include <functional>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <new>
 #include <optional>
-#include <utility>
 
 namespace ovrin {
 
 namespace {
 
-struct SeenRequest {
-    std::string title;
-    std::filesystem::path folder;
-    std::vector<FileDialogFilter> filters;
-    bool isForFolder;
-};
+namespace fs = std::filesystem;
+using Answer = std::optional<FileDialogResult>; // none: memory doesn't suffice
 
-std::vector<SeenRequest> requests;
-std::function<FileDialogResult()> answer = [] { return FileDialogResult{}; }; // cancelled, for every other test
+Answer answer = FileDialogResult{}; // cancelled, for every other test
+std::vector<std::string> dialogs;   // that were shown
+fs::path start;                     // of the last one
 
-FileDialogResult Answer(SeenRequest request) {
-    requests.push_back(std::move(request));
-    return answer();
+FileDialogResult Show(const std::string &dialog, const fs::path &folder) {
+    dialogs.push_back(dialog);
+    start = folder;
+    return answer ? *answer : throw std::bad_alloc();
 }
 
 } // namespace
 
 FileDialogResult RunFolderDialog(const FolderDialogRequest &request) {
-    return Answer({request.title, request.defaultFolder, {}, true});
+    return Show("folder: " + request.title, request.defaultFolder);
 }
 FileDialogResult RunOpenDialog(const OpenFileDialogRequest &request, bool allowMultiple) {
-    EXPECT_FALSE(allowMultiple);
-    return Answer({request.title, request.defaultFolder, request.filters, false});
+    std::string dialog = (allowMultiple ? "files: " : "file: ") + request.title;
+    for (const FileDialogFilter &filter : request.filters) {
+        dialog += ", " + filter.label + " " + filter.pattern;
+    }
+    return Show(dialog, request.defaultFolder);
 }
-FileDialogResult RunSaveDialog(const SaveFileDialogRequest & /*request*/) {
-    ADD_FAILURE() << "nobody saves";
-    return {};
+FileDialogResult RunSaveDialog(const SaveFileDialogRequest &request) {
+    return Show("save: " + request.title, request.defaultFolder);
 }
 
 namespace desktop {
 
 namespace {
 
-namespace fs = std::filesystem;
+const Answer cancelled = FileDialogResult{};
+const Answer failed = FileDialogResult{FileDialogStatus::PlatformError, {}, "scripted"};
 
-std::function<FileDialogResult()> Accept(const fs::path &path) {
-    return [path] { return FileDialogResult{FileDialogStatus::Accepted, {path}, ""}; };
+Answer Accepted(const fs::path &path) {
+    return FileDialogResult{FileDialogStatus::Accepted, {path}, ""};
 }
-FileDialogResult Cancel() {
-    return {};
-}
-FileDialogResult Fail() {
-    return {FileDialogStatus::PlatformError, {}, "scripted"};
-}
-FileDialogResult RunOutOfMemory() {
-    throw std::bad_alloc();
+
+// What is seen of a click that has one dialog come up.
+std::string ClickFor(const std::string &dialog, ScriptPlayer &player, const std::string &button) {
+    dialogs.clear();
+    std::string seen = player.Play("click " + button);
+    EXPECT_EQ(dialogs, std::vector{dialog});
+    return seen;
 }
 
 TEST(Browse, StartsAtTheTrimmedTextElseAtTheDefaultAndChangesTheFieldOnlyWhereAFolderIsChosen) {
     const Sandbox sandbox;
     const fs::path chosen = sandbox.folder().Path() / "chosen";
-    const WideText loneSurrogate(1, WideChar{0xD834});
-    const bool pathsAreBytes = sizeof(fs::path::value_type) == 1;
+    const WideText noPath(1, WideChar{0xD834}); // where paths are bytes
     const struct {
-        const char *label;
         WideText field;
-        std::function<FileDialogResult()> answer;
+        Answer answer;
         fs::path start;
-        bool fills = false;
     } cases[] = {
-        {"nothing in the field", WIDE(""), Accept(chosen), sandbox.DefaultLocation(), true},
-        {"blanks", WIDE(" \t "), Accept(chosen), sandbox.DefaultLocation(), true},
-        {"blanks around a folder that isn't there", WIDE(" /not there "), Accept(chosen), "/not there", true},
-        {"cancelled over blanks", WIDE("  "), Cancel, sandbox.DefaultLocation()},
-        {"cancelled over text", WIDE(" kept as it is "), Cancel, "kept as it is"},
-        {"failed", WIDE(" kept "), Fail, "kept"},
-        {"no memory", WIDE(" kept "), RunOutOfMemory, "kept"},
-        {"text that is no path where paths are bytes", loneSurrogate, Cancel,
-         pathsAreBytes ? fs::path() : fs::path(loneSurrogate)},
+        {WIDE(""), Accepted(chosen), sandbox.DefaultLocation()},
+        {WIDE(" /not there "), Accepted(chosen), "/not there"},
+        {WIDE(" \t "), cancelled, sandbox.DefaultLocation()},
+        {WIDE(" kept as it is "), cancelled, "kept as it is"},
+        {WIDE(" kept "), failed, "kept"},
+        {WIDE(" kept "), std::nullopt, "kept"},
+        {noPath, cancelled, sizeof(fs::path::value_type) == 1 ? fs::path() : fs::path(noPath)},
     };
     RunLauncher([&](LauncherRun &run) {
+        ScriptPlayer player{run, sandbox};
         SetWindowTextW(run.state->projectNameEdit, WIDE("  My Game "));
         for (const auto &each : cases) {
-            SCOPED_TRACE(each.label);
+            SCOPED_TRACE(&each - cases);
             SetWindowTextW(run.state->locationEdit, each.field.c_str());
-            requests.clear();
             answer = each.answer;
-            ScriptPlayer{run, sandbox}.Play("click browse");
-            ASSERT_EQ(requests.size(), 1U);
-            EXPECT_TRUE(requests[0].isForFolder);
-            EXPECT_EQ(requests[0].title, "Select Project Location");
-            EXPECT_EQ(requests[0].folder, each.start);
-            EXPECT_EQ(WideToUtf8(ReadFormText(run.state->locationEdit)),
-                      WideToUtf8(each.fills ? WideFromPath(chosen) : each.field));
-            EXPECT_EQ(WideToUtf8(ReadFormText(run.state->projectNameEdit)), "  My Game ");
+            ClickFor("folder: Select Project Location", player, "browse");
+            EXPECT_EQ(start, each.start);
+            const bool isFilled = answer && !answer->paths.empty();
+            EXPECT_EQ(ReadFormText(run.state->locationEdit), isFilled ? WideFromPath(chosen) : each.field);
+            EXPECT_EQ(ReadFormText(run.state->projectNameEdit), WIDE("  My Game "));
         }
     });
     EXPECT_FALSE(fs::exists(chosen));
@@ -111,32 +99,24 @@ TEST(OpenProjectDialog, OpensTheChosenFileWithoutListingItAndStaysOtherwise) {
     const Sandbox sandbox;
     const fs::path project = sandbox.folder().Make("elsewhere/Game.oproject");
     const struct {
-        const char *label;
-        std::function<FileDialogResult()> answer;
-        bool tellsOfMissing;
-        bool opens;
+        Answer answer;
+        bool tellsOfMissing = false;
+        bool opens = false;
     } cases[] = {
-        {"cancelled", Cancel, false, false},
-        {"failed", Fail, false, false},
-        {"no memory", RunOutOfMemory, false, false},
-        {"gone meanwhile", Accept(sandbox.folder().Path() / "gone.oproject"), true, false},
-        {"there", Accept(project), false, true},
+        {cancelled},
+        {failed},
+        {std::nullopt},
+        {Accepted(sandbox.folder().Path() / "gone.oproject"), true},
+        {Accepted(project), false, true},
     };
     for (const auto &each : cases) {
-        SCOPED_TRACE(each.label);
+        SCOPED_TRACE(&each - cases);
         RunLauncher([&](LauncherRun &run) {
-            requests.clear();
+            ScriptPlayer player{run, sandbox};
             answer = each.answer;
             const HWND window = run.window;
-            ScriptPlayer player{run, sandbox};
-            const std::string seen = player.Play("click open");
-            ASSERT_EQ(requests.size(), 1U);
-            EXPECT_FALSE(requests[0].isForFolder);
-            EXPECT_EQ(requests[0].title, "Open Project");
-            EXPECT_EQ(requests[0].folder, sandbox.DefaultLocation());
-            ASSERT_EQ(requests[0].filters.size(), 1U);
-            EXPECT_EQ(requests[0].filters[0].label, "Ovrin Project");
-            EXPECT_EQ(requests[0].filters[0].pattern, "*.oproject");
+            const std::string seen = ClickFor("file: Open Project, Ovrin Project *.oproject", player, "open");
+            EXPECT_EQ(start, sandbox.DefaultLocation());
             EXPECT_EQ(seen.find("Project Missing") != std::string::npos, each.tellsOfMissing);
             EXPECT_EQ(IsWindow(window) != FALSE, !each.opens);
             if (each.opens) {

@@ -4,144 +4,119 @@
 #include "core/logging/Logger.h"
 #include "platform/dialogs/ShellDialogs.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace ovrin {
 
 namespace {
 
-FileDialogResult scriptedResult;
-std::vector<std::string> driverCalls;
+using enum FileDialogStatus;
+using Lines = std::vector<std::string>;
+using Request = SaveFileDialogRequest; // every operation's fields
 
-FileDialogResult Driver(std::string call) {
-    driverCalls.push_back(std::move(call));
+FileDialogResult scriptedResult;
+Lines driverCalls;
+
+FileDialogResult Driver(const std::string &call) {
+    driverCalls.push_back(call);
     return scriptedResult;
 }
 
-// What `act` adds to the log, as "level message".
-std::vector<std::string> LinesOf(const std::function<void()> &act) {
+// What was logged since the last call, as "level message".
+Lines TakeLog() {
+    static std::uint64_t seen = 0;
     std::vector<LogRecord> records;
-    const std::uint64_t before = Logger::Instance().GetRecordsAfter(0, records);
-    act();
-    records.clear();
-    Logger::Instance().GetRecordsAfter(before, records);
-    std::vector<std::string> lines;
+    seen = Logger::Instance().GetRecordsAfter(seen, records);
+    Lines lines;
     for (const LogRecord &record : records) {
         EXPECT_EQ(record.category, LogCategory::General);
-        lines.push_back((record.level == LogLevel::Error     ? "error "
-                         : record.level == LogLevel::Warning ? "warning "
-                                                             : "other ") +
-                        record.message);
+        EXPECT_TRUE(record.level == LogLevel::Error || record.level == LogLevel::Warning);
+        lines.push_back((record.level == LogLevel::Error ? "error " : "warning ") + record.message);
     }
     return lines;
 }
 
-const FileDialogFilter good{.label = "Text", .pattern = "txt"};
-const std::string labelFault = "File dialog filter label is empty.";
-const std::string patternFault = "File dialog filter pattern is empty for 'Its \"label\"'.";
-const std::string extensionFault = "Default file extension contains a path separator.";
-const std::string nameFault = "Suggested file name must not contain a directory.";
+// Each validates what the one before does, and more.
+enum Operation { PickFolder, OpenFile, OpenFiles, SaveFile, None };
+const std::string calls[] = {"folder t", "one t", "many t", "save t"}; // that they come to
 
-struct RequestCase {
-    const char *label;
-    std::vector<FileDialogFilter> filters;
-    std::string extension;
-    std::string name;
-    std::string openFault; // empty: reaches the driver
-    std::string saveFault;
-};
-
-const RequestCase requestCases[] = {
-    {"nothing at all", {}, "", "", "", ""},
-    {"all fields", {good, good}, ".txt", "a.b:c", "", ""},
-    {"not UTF-8 is for the driver to find", {{.label = "\xFF", .pattern = "\xFF"}}, "\xFF", "\xFF", "", ""},
-    {"no label", {good, {.label = "", .pattern = "x"}}, "", "", labelFault, labelFault},
-    {"label before pattern", {{.label = "", .pattern = ""}}, "", "", labelFault, labelFault},
-    {"no pattern", {{.label = "Its \"label\"", .pattern = ""}, {}}, "", "", patternFault, patternFault},
-    {"filter before extension and name", {{}}, "/", "/", labelFault, labelFault},
-    {"extension before name", {good}, "a/b", "a/b", "", extensionFault},
-    {"backslash in the extension", {}, "\\", "", "", extensionFault},
-    {"slash in the name", {}, "", "a/b", "", nameFault},
-    {"backslash in the name", {}, "x", "\\a", "", nameFault},
-};
-
-void ExpectRefusal(const FileDialogResult &result, const std::string &fault) {
-    EXPECT_EQ(result.status, FileDialogStatus::InvalidRequest);
-    EXPECT_TRUE(result.paths.empty());
-    EXPECT_EQ(result.message, fault);
+FileDialogResult Ask(Operation operation, const Request &from) {
+    switch (operation) {
+    case PickFolder: return NativeFileDialog::PickFolder({from.title, {}});
+    case OpenFile: return NativeFileDialog::OpenFile({from.title, {}, from.filters});
+    case OpenFiles: return NativeFileDialog::OpenFiles({from.title, {}, from.filters});
+    default: return NativeFileDialog::SaveFile(from);
+    }
 }
 
-// Runs one operation whose driver would accept, and holds what comes back, what is logged and whether it was called.
-void ExpectAnswer(const std::function<FileDialogResult()> &ask, const std::string &fault, const std::string &driver) {
-    scriptedResult = {.status = FileDialogStatus::Accepted, .paths = {"a", "b"}, .message = ""};
+// Asks with a driver that gives `scriptedResult`, which has to come back where there is no fault.
+void ExpectAnswer(Operation operation, const Request &request, const std::string &fault, const Lines &log) {
     driverCalls.clear();
-    FileDialogResult result;
-    const auto lines = LinesOf([&] { result = ask(); });
-    if (fault.empty()) {
-        EXPECT_EQ(result.status, FileDialogStatus::Accepted);
-        EXPECT_EQ(result.paths, scriptedResult.paths);
-        EXPECT_TRUE(lines.empty());
-        EXPECT_EQ(driverCalls, std::vector{driver});
-    } else {
-        ExpectRefusal(result, fault);
-        EXPECT_EQ(lines, std::vector{"error File dialog failed: " + fault});
-        EXPECT_TRUE(driverCalls.empty());
-    }
+    const FileDialogResult result = Ask(operation, request);
+    EXPECT_EQ(result.status, fault.empty() ? scriptedResult.status : InvalidRequest);
+    EXPECT_EQ(result.paths, fault.empty() ? scriptedResult.paths : FileDialogResult().paths);
+    EXPECT_EQ(result.message, fault.empty() ? scriptedResult.message : fault);
+    EXPECT_EQ(driverCalls, fault.empty() ? Lines{calls[operation]} : Lines());
+    EXPECT_EQ(TakeLog(), log);
 }
 
 TEST(NativeFileDialog, RefusesTheFirstFaultInOrderBeforeAnyDriverRuns) {
-    for (const RequestCase &each : requestCases) {
-        SCOPED_TRACE(each.label);
-        const OpenFileDialogRequest open{.title = "t", .defaultFolder = "f", .filters = each.filters};
-        const SaveFileDialogRequest save{.title = "t",
-                                         .defaultFolder = "f",
-                                         .filters = each.filters,
-                                         .defaultExtension = each.extension,
-                                         .suggestedName = each.name};
-        ExpectAnswer([&] { return NativeFileDialog::OpenFile(open); }, each.openFault, "open one t");
-        ExpectAnswer([&] { return NativeFileDialog::OpenFiles(open); }, each.openFault, "open many t");
-        ExpectAnswer([&] { return NativeFileDialog::SaveFile(save); }, each.saveFault, "save t");
-    }
-    ExpectAnswer([] { return NativeFileDialog::PickFolder({.title = "t", .defaultFolder = {}}); }, "", "folder t");
-}
-
-TEST(NativeFileDialog, LogsAtMostOneLineAndHandsTheOutcomeOn) {
+    const FileDialogFilter good{.label = "Text", .pattern = "txt"};
+    const std::string label = "File dialog filter label is empty.";
+    const std::string pattern = "File dialog filter pattern is empty for 'Its \"label\"'.";
+    const std::string extension = "Default file extension contains a path separator.";
+    const std::string name = "Suggested file name must not contain a directory.";
     const struct {
-        FileDialogStatus status;
-        std::vector<std::string> lines;
+        std::vector<FileDialogFilter> filters;
+        std::string extension;
+        std::string name;
+        Operation firstToRefuse = None;
+        std::string fault{};
     } cases[] = {
-        {FileDialogStatus::Cancelled, {}},
-        {FileDialogStatus::InvalidRequest, {"error File dialog failed: why"}},
-        {FileDialogStatus::Unavailable, {"warning File dialog unavailable: why"}},
-        {FileDialogStatus::PlatformError, {"error File dialog failed: why"}},
+        {{}, "", ""},
+        {{good, good}, ".txt", "a.b:c"},
+        {{{"\xFF", "\xFF"}}, "\xFF", "\xFF"}, // not UTF-8, which the driver finds
+        {{good, {"", "x"}}, "", "", OpenFile, label},
+        {{{"Its \"label\"", ""}, {}}, "", "", OpenFile, pattern},
+        {{{}}, "/", "/", OpenFile, label},
+        {{good}, "a/b", "a/b", SaveFile, extension},
+        {{}, "\\", "", SaveFile, extension},
+        {{}, "", "a/b", SaveFile, name},
+        {{}, "x", "\\a", SaveFile, name},
     };
-    const std::function<FileDialogResult()> operations[] = {
-        [] { return NativeFileDialog::OpenFile({}); },
-        [] { return NativeFileDialog::OpenFiles({}); },
-        [] { return NativeFileDialog::PickFolder({}); },
-        [] { return NativeFileDialog::SaveFile({}); },
-    };
+    scriptedResult = {Accepted, {"a", "b"}, ""};
     for (const auto &each : cases) {
-        scriptedResult = {.status = each.status, .paths = {}, .message = "why"};
-        for (const auto &operation : operations) {
-            FileDialogResult result;
-            EXPECT_EQ(LinesOf([&] { result = operation(); }), each.lines);
-            EXPECT_EQ(result.status, each.status);
-            EXPECT_EQ(result.message, "why");
+        SCOPED_TRACE(&each - cases);
+        for (const Operation operation : {PickFolder, OpenFile, OpenFiles, SaveFile}) {
+            SCOPED_TRACE(operation);
+            const std::string fault = operation < each.firstToRefuse ? "" : each.fault;
+            ExpectAnswer(operation, {"t", "f", each.filters, each.extension, each.name}, fault,
+                         fault.empty() ? Lines() : Lines{"error File dialog failed: " + fault});
         }
     }
 }
 
-TEST(NativeFileDialog, GivesAFirstPathOfAnAcceptedResultOnly) {
-    using enum FileDialogStatus;
-    EXPECT_EQ(NativeFileDialog::FirstPath({.status = Accepted, .paths = {"a", "b"}, .message = ""}), "a");
-    EXPECT_EQ(NativeFileDialog::FirstPath({.status = Accepted, .paths = {}, .message = ""}), std::nullopt);
-    for (const FileDialogStatus status : {Cancelled, InvalidRequest, Unavailable, PlatformError}) {
-        EXPECT_EQ(NativeFileDialog::FirstPath({.status = status, .paths = {"a"}, .message = ""}), std::nullopt);
+TEST(NativeFileDialog, LogsAtMostOneLineAndGivesAFirstPathOfAnAcceptedResultOnly) {
+    const struct {
+        FileDialogResult result;
+        Lines log;
+        std::optional<std::filesystem::path> first;
+    } cases[] = {
+        {{Accepted, {"a", "b"}, ""}, {}, "a"},
+        {{Accepted, {}, ""}, {}, {}},
+        {{Cancelled, {"a"}, ""}, {}, {}},
+        {{InvalidRequest, {"a"}, "why"}, {"error File dialog failed: why"}, {}},
+        {{Unavailable, {"a"}, "why"}, {"warning File dialog unavailable: why"}, {}},
+        {{PlatformError, {"a"}, "why"}, {"error File dialog failed: why"}, {}},
+    };
+    for (const auto &each : cases) {
+        scriptedResult = each.result;
+        for (const Operation operation : {PickFolder, OpenFile, OpenFiles, SaveFile}) {
+            ExpectAnswer(operation, {"t", {}, {}, "", ""}, "", each.log);
+        }
+        EXPECT_EQ(NativeFileDialog::FirstPath(each.result), each.first);
     }
 }
 
@@ -151,7 +126,7 @@ FileDialogResult RunFolderDialog(const FolderDialogRequest &request) {
     return Driver("folder " + request.title);
 }
 FileDialogResult RunOpenDialog(const OpenFileDialogRequest &request, bool allowMultiple) {
-    return Driver((allowMultiple ? "open many " : "open one ") + request.title);
+    return Driver((allowMultiple ? "many " : "one ") + request.title);
 }
 FileDialogResult RunSaveDialog(const SaveFileDialogRequest &request) {
     return Driver("save " + request.title);

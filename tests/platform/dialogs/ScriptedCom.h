@@ -1,5 +1,5 @@
 // COM and the file dialogs from a script, in the place of the system's own: every call is written down in order, and
-// one of them fails, gives nothing or raises where a test says so.
+// one of them goes wrong where a test says so.
 #pragma once
 
 #include "platform/text/WideText.h"
@@ -11,22 +11,20 @@
 namespace ovrin::testing {
 
 struct ComScript {
-    const char *at = "";       // the call that goes wrong, by its first words; empty: none
-    HRESULT result = S_OK;     // what it returns
-    bool givesNothing = false; // it gives null, or no items
-    bool givesAnyway = false;  // it gives its object although it fails
-    bool raises = false;       // std::bad_alloc
-    FILEOPENDIALOGOPTIONS setOptions = 0;
-    int activeWindow = 7;
-    int foregroundWindow = 9;
-    std::vector<WideText> chosen{WIDE("/games/one")};
+    std::string at{};      // the call that goes wrong, by its first words; empty: none
+    HRESULT result = S_OK; // what it returns
+    bool gives = false;    // it gives what is asked for all the same, else null or no items
+    bool raises = false;   // std::bad_alloc
+    FILEOPENDIALOGOPTIONS options = 0;
+    std::uintptr_t activeWindow = 7;
+    std::uintptr_t foregroundWindow = 9;
+    std::vector<WideText> chosen{WIDE("/games/one"), WIDE("/games/tw\u00F6"), WIDE("/games/three")};
 };
-
-using Calls = std::vector<std::string>;
 
 void PlayCom(ComScript script);
 
-// Since the last PlayCom. Among the calls stands "free file types": the memory given to SetFileTypes has gone.
-[[nodiscard]] const Calls &ComCalls();
+// Since the last PlayCom: calls that may go wrong as "Name argument", numbers in hex, and in small letters what can't:
+// among those "free file types", when the memory given to SetFileTypes goes.
+[[nodiscard]] const std::vector<std::string> &ComLines();
 
 } // namespace ovrin::testing
