@@ -86,13 +86,13 @@ TEST(Logger, GivesNoLinesWhileTheLockIsHeld) {
     EXPECT_TRUE(lines.empty());
     EXPECT_FALSE(flushed);
 
-    std::binary_semaphore begun{0};
+    Semaphore begun;
     std::thread patient([&] {
-        begun.release();
+        begun.Release();
         lines = logger.GetRecentLines(1, std::numeric_limits<std::int64_t>::max());
         flushed = logger.FlushFor(std::numeric_limits<std::int64_t>::max());
     });
-    begun.acquire();
+    EXPECT_TRUE(begun.Acquire());
     for (int turn = 0; turn < 1000; ++turn) {
         std::this_thread::yield(); // so that it meets the lock held, most likely
     }

@@ -5,9 +5,10 @@
 #include "core/logging/Logger.h"
 
 #include <chrono>
+#include <condition_variable>
 #include <functional>
 #include <gtest/gtest.h>
-#include <semaphore>
+#include <mutex>
 #include <thread>
 
 namespace ovrin::testing {
@@ -50,19 +51,41 @@ void WaitUntil(const Condition &condition) {
     }
 }
 
+// MinGW's library loses a wake-up of its own semaphores now and then.
+class Semaphore {
+public:
+    void Release() {
+        const std::lock_guard lock(mutex_);
+        ++count_;
+        released_.notify_one();
+    }
+    // False where only a broken program goes on.
+    [[nodiscard]] bool Acquire() {
+        std::unique_lock lock(mutex_);
+        const bool acquired = released_.wait_for(lock, brokenAfter, [this] { return count_ > 0; });
+        count_ -= acquired ? 1 : 0;
+        return acquired;
+    }
+
+private:
+    std::mutex mutex_;
+    std::condition_variable released_;
+    int count_ = 0;
+};
+
 // One thread stops in it until another lets it on.
 class Gate {
 public:
     void Stop() {
-        reached_.release();
-        EXPECT_TRUE(open_.try_acquire_for(brokenAfter));
+        reached_.Release();
+        EXPECT_TRUE(open_.Acquire());
     }
-    void AwaitArrival() { ASSERT_TRUE(reached_.try_acquire_for(brokenAfter)); }
-    void Open() { open_.release(); }
+    void AwaitArrival() { ASSERT_TRUE(reached_.Acquire()); }
+    void Open() { open_.Release(); }
 
 private:
-    std::counting_semaphore<> reached_{0};
-    std::counting_semaphore<> open_{0};
+    Semaphore reached_;
+    Semaphore open_;
 };
 
 // Keeps what it was given; `onWrite` and `onFlush` run inside the calls.
