@@ -39,12 +39,12 @@ TEST(LogFlush, WithALimitGivesUpOnAStalledWorkerAndHoldsNobodyElseUp) {
     gated.StallWorker();
     gated.Log("taken by the flush");
     std::thread producer([&gated] { gated.Log("waits for room"); });
-    gated.AwaitProducer();
+    gated.Await(&LoggerState::producersWaiting, 1U);
     std::thread flush([&gated] {
         gated.logger.Flush();
         EXPECT_GE(gated.sink->Seen().flushedCount, 1U) << "released before the older record was written";
     });
-    gated.AwaitFlushes(1);
+    gated.Await(&LoggerState::drainedWaiters, 1U);
 
     EXPECT_FALSE(gated.logger.FlushFor(1));
     producer.join(); // the room that the flush made
@@ -63,16 +63,16 @@ TEST(LogStop, WritesEverythingExactlyOnce) {
     gated.StallWorker();
     gated.Log("queued");
     std::thread stop([&gated] { gated.logger.StopWorker(); });
-    gated.AwaitStopRequest();
+    gated.Await(&LoggerState::stopRequested, true);
     EXPECT_TRUE(gated.logger.IsWorkerRunning());
     gated.Log("during the stop"); // still queued: it returns
     std::thread producer([&gated] { gated.Log("waits for room"); });
-    gated.AwaitProducer();
+    gated.Await(&LoggerState::producersWaiting, 1U);
     std::thread flush([&gated] { gated.logger.Flush(); });
-    gated.AwaitFlushes(1);
+    gated.Await(&LoggerState::drainedWaiters, 1U);
     gated.logger.StartWorker(); // too early: there is one
     std::thread shutdown([&gated] { gated.logger.Shutdown(); });
-    gated.AwaitFlushes(2);
+    gated.Await(&LoggerState::drainedWaiters, 2U);
 
     gated.gate.Open();
     for (std::thread *each : {&stop, &producer, &flush, &shutdown}) {
@@ -109,14 +109,14 @@ TEST(LogStop, LetsASinkLogDuringTheFinalDrainAndNobodyElse) {
         stopThread = CurrentThreadLogId();
         gated.logger.StopWorker();
     });
-    gated.AwaitStopRequest();
+    gated.Await(&LoggerState::stopRequested, true);
     gated.gate.Open();
     last.AwaitArrival();
     gated.Log("drained");
     last.Open();
     drain.AwaitArrival();
     std::thread late([&gated] { gated.Log("late"); });
-    gated.AwaitProducer();
+    gated.Await(&LoggerState::producersWaiting, 1U);
     drain.Open();
     stop.join();
     late.join();

@@ -175,7 +175,7 @@ TEST(LogQueue, MakesProducersWaitForRoomButNoSinkAndLosesNothing) {
         gated.logger.Log(LogLevel::Fatal, "fatal");
         EXPECT_EQ(gated.sink->Seen().flushedCount, 4U);
     });
-    gated.AwaitProducer();
+    gated.Await(&LoggerState::producersWaiting, 1U);
     EXPECT_EQ(gated.logger.GetRecords().size(), 2U);
     gated.gate.Open();
     producer.join();

@@ -42,6 +42,8 @@ struct LoggerTestAccess {
     }
 };
 
+using LoggerState = LoggerTestAccess::State;
+
 template<typename Condition>
 void WaitUntil(const Condition &condition) {
     const auto end = std::chrono::steady_clock::now() + brokenAfter;
@@ -133,15 +135,10 @@ struct WatchedLogger {
         Log("stop");
         gate.AwaitArrival();
     }
-    [[nodiscard]] LoggerTestAccess::State State() { return LoggerTestAccess::Of(logger); }
-    void AwaitProducer() {
-        WaitUntil([this] { return State().producersWaiting == 1; });
-    }
-    void AwaitFlushes(std::uint32_t count) {
-        WaitUntil([=, this] { return State().drainedWaiters == count; });
-    }
-    void AwaitStopRequest() {
-        WaitUntil([this] { return State().stopRequested; });
+    [[nodiscard]] LoggerState State() { return LoggerTestAccess::Of(logger); }
+    template<typename Value>
+    void Await(Value LoggerState::*field, Value value) {
+        WaitUntil([=, this] { return State().*field == value; });
     }
 
     Gate gate;
