@@ -87,12 +87,12 @@ TEST(LogStop, WritesEverythingExactlyOnce) {
 }
 
 // The worker's last batch is out with the sink inside it when more comes: that is the final drain's, on the thread that
-// stops, and the sink logs again from there.
+// stops, and the sink logs again from there. The queue has room: it isn't what the late one waits for.
 TEST(LogStop, LetsASinkLogDuringTheFinalDrainAndNobodyElse) {
     Gate last;
     Gate drain;
     std::size_t readInside = 0;
-    WatchedLogger gated(Queued(1), [&](Logger &logger, const std::string &message) {
+    WatchedLogger gated(Queued(2), [&](Logger &logger, const std::string &message) {
         if (message == "last of the worker") {
             last.Stop();
         } else if (message == "drained") {

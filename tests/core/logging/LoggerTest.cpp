@@ -127,25 +127,19 @@ TEST(LogSinks, AreServedInOrderWhateverTheyThrow) {
     EXPECT_EQ(calls, (Texts{"a flush", "c flush", "d flush", "e flush"}));
 }
 
-TEST(LogSinks, ReachOnlyTheHistoryFromInsideWithoutAWorker) {
-    WatchedLogger watched(quiet, [](Logger &logger, const std::string & /*call*/) {
+TEST(LogSinks, ReachOnlyTheirOwnLoggersHistoryFromInsideWithoutAWorkerButAllOfAnother) {
+    const auto inner = std::make_shared<RecordingSink>([](const std::string &) {});
+    WatchedLogger watched(quiet, [&inner](Logger &logger, const std::string & /*call*/) {
         logger.Log(LogLevel::Fatal, "from the sink");
         logger.Flush();
         EXPECT_FALSE(logger.FlushFor(1));
+        Logger other(Queued()); // which the sink runs to its end
+        other.AddSink(inner);
+        other.Log(LogLevel::Info, "inner");
     });
     watched.Log("text");
     EXPECT_EQ(watched.sink->Seen().messages, Texts{"text"});
     EXPECT_EQ(watched.logger.GetRecords().size(), 3U); // the flush's too
-}
-
-TEST(LogSinks, MayRunAnotherLoggerToItsEnd) {
-    const auto inner = std::make_shared<RecordingSink>([](const std::string &) {});
-    WatchedLogger watched(quiet, [&inner](Logger & /*logger*/, const std::string & /*call*/) {
-        Logger other(Queued());
-        other.AddSink(inner);
-        other.Log(LogLevel::Info, "inner");
-    });
-    watched.Log("outer");
     EXPECT_EQ(inner->Seen().messages, Texts(2, "inner"));
 }
 

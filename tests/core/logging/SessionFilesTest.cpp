@@ -164,16 +164,16 @@ TEST(StandardOutput, ShowsTheSameLines) {
 TEST(ProcessExit, WritesEveryRecordOfARunningWorker) {
     const std::pair<WideText, std::string> cases[] = {
         {WIDE("return"), ""}, {WIDE("exit"), ""}, {WIDE("static objects"), "[Error] before the logger's end\n"}};
-    std::string numbers;
+    std::string expected = "\n====================================\n";
     for (int number = 0; number < 1000; ++number) {
-        numbers += "[Info] " + std::to_string(number) + "\n";
+        expected.append("[Info] ").append(std::to_string(number)).append(1, '\n');
     }
     for (const auto &[way, last] : cases) {
         const TemporaryFolder folder;
         EXPECT_EQ(RunLoggingProbe(way, folder.Path()), 0);
         const std::regex time("\n..:..:.. ");
         const std::string text = std::regex_replace(ReadFile(folder.Path() / "probe.latest.log"), time, "\n");
-        EXPECT_TRUE(text.ends_with("\n====================================\n" + numbers + last)) << text;
+        EXPECT_TRUE(text.ends_with(expected + last)) << text;
     }
 }
 
