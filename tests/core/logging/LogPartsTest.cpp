@@ -9,7 +9,9 @@
 #include <algorithm>
 #include <ctime>
 #include <gtest/gtest.h>
+#include <span>
 #include <thread>
+#include <utility>
 
 namespace ovrin::testing {
 
@@ -54,30 +56,26 @@ void Append(auto &records, std::uint64_t sequence, std::string_view message) {
     records.Append({LogLevel::Info, LogCategory::Net, sequence, 3, someTime, message});
 }
 
-void ExpectRecordsBehind(const RecordHistory &history, std::uint64_t first, std::uint64_t end, std::uint64_t after) {
-    std::vector<LogRecord> records(1); // stays
-    history.CopyAfter(after, records);
-    ASSERT_EQ(records.size(), 1 + end - first) << "behind " << after;
-    EXPECT_EQ(records[0].sequence, 0U);
-    for (std::size_t index = 1; index < records.size(); ++index, ++first) {
-        ASSERT_EQ(records[index].sequence, first);
-        ASSERT_EQ(FormatRecordLine(records[index]), "14:03:59 [Info] [Net] " + MessageOf(first));
-    }
-}
-
 TEST(RecordHistory, GivesItsLastRecordsBehindAnySequence) {
-    const std::pair<std::uint64_t, std::uint64_t> cases[] = {{3, 0}, {1, 1},     {1, 700},    {5, 4},     {5, 5},
-                                                             {5, 6}, {999, 600}, {256, 1000}, {300, 1500}};
+    const std::pair<std::uint64_t, std::uint64_t> cases[] = {{3, 0},     {1, 700},    {5, 4},     {5, 5},
+                                                             {999, 600}, {256, 1000}, {300, 1500}};
     for (const auto &[capacity, count] : cases) {
         SCOPED_TRACE(std::to_string(count) + " in " + std::to_string(capacity));
         RecordHistory history(capacity);
         for (std::uint64_t sequence = 1; sequence <= count; ++sequence) {
             Append(history, sequence, MessageOf(sequence));
         }
-        const std::uint64_t end = count + 1;
-        const std::uint64_t oldest = end - std::min(count, capacity);
-        for (const std::uint64_t after : {std::uint64_t{0}, oldest - 1, oldest, (oldest + end) / 2, end - 1, end}) {
-            ExpectRecordsBehind(history, std::clamp(after + 1, oldest, end), end, after);
+        const std::uint64_t oldest = count + 1 - std::min(count, capacity);
+        for (const std::uint64_t after :
+             {std::uint64_t{0}, oldest - 1, oldest, (oldest + count) / 2, count, count + 1}) {
+            std::vector<LogRecord> records(1); // stays
+            history.CopyAfter(after, records);
+            std::uint64_t sequence = std::clamp(after + 1, oldest, count + 1) - 1;
+            ASSERT_EQ(records.size(), 1 + count - sequence) << "behind " << after;
+            for (const LogRecord &record : std::span(records).subspan(1)) {
+                ASSERT_EQ(record.sequence, ++sequence);
+                ASSERT_EQ(FormatRecordLine(record), "14:03:59 [Info] [Net] " + MessageOf(sequence));
+            }
         }
     }
 }
@@ -102,22 +100,14 @@ TEST(PackedRecords, KeepCommonMemoryAndGiveBackWhatIsHuge) {
 }
 
 TEST(WrittenSequence, WaitsForTheOldestBatch) {
-    const std::pair<std::uint64_t, std::uint64_t> batches[] = {{1, 3}, {4, 4}, {5, 9}, {10, 12}};
-    const std::pair<std::vector<std::size_t>, std::vector<std::uint64_t>> cases[] = {
-        {{0, 1, 2, 3}, {3, 4, 9, 12}}, {{3, 2, 1, 0}, {0, 0, 0, 12}}, {{1, 0, 3, 2}, {0, 4, 4, 12}},
-        {{2, 0, 1, 3}, {0, 3, 9, 12}}, {{0, 3, 1, 2}, {3, 3, 4, 12}},
-    };
-    for (const auto &[order, expected] : cases) {
-        WrittenSequence written;
-        for (const auto &[first, last] : batches) {
-            written.Begin(first);
-        }
-        std::vector<std::uint64_t> values;
-        for (const std::size_t index : order) {
-            written.Finish(batches[index].first, batches[index].second);
-            values.push_back(written.Value());
-        }
-        EXPECT_EQ(values, expected);
+    WrittenSequence written;
+    for (const std::uint64_t first : {1, 4, 5, 10}) {
+        written.Begin(first);
+    }
+    const struct { std::uint64_t first, last, value; } steps[] = {{5, 9, 0}, {1, 3, 3}, {10, 12, 3}, {4, 4, 12}};
+    for (const auto &each : steps) {
+        written.Finish(each.first, each.last);
+        EXPECT_EQ(written.Value(), each.value) << each.first;
     }
 }
 
@@ -137,25 +127,25 @@ std::string LibraryTime(const char *format) {
     return {text, std::strftime(text, sizeof(text), format, std::localtime(&now))}; // reads TZ anew
 }
 
-void ExpectLibraryTime(std::string (*tell)(), const char *format) {
+// Gives the library's time at which the other was told.
+std::string ExpectLibraryTime(std::string (*tell)(), const char *format) {
     std::string before, told;
     do { // until no second ends in between
         before = LibraryTime(format);
         told = tell();
     } while (LibraryTime(format) != before);
     EXPECT_EQ(told, before);
+    return before;
 }
 
 // Away from universal time, where the C library follows TZ.
 TEST(LogClock, TellsTheLocalTimeAlsoWhenASecondHasEnded) {
     {
         const EnvironmentScope scope("TZ", WIDE("OVR-5:45"));
-        std::thread([begin = std::time(nullptr)] { // each thread keeps its last second
-            bool isLater = false;
-            do {
-                isLater = std::time(nullptr) != begin;
-                ExpectLibraryTime(FormatClockTime, "%H:%M:%S");
-            } while (!isLater);
+        std::thread([] { // each thread keeps its last second
+            const std::string first = ExpectLibraryTime(FormatClockTime, "%H:%M:%S");
+            while (ExpectLibraryTime(FormatClockTime, "%H:%M:%S") == first) {
+            }
         })
             .join();
         ExpectLibraryTime(FormatFileTimestamp, "%Y%m%d_%H%M%S");
@@ -164,14 +154,13 @@ TEST(LogClock, TellsTheLocalTimeAlsoWhenASecondHasEnded) {
 }
 
 TEST(LogThread, HasANumberOfItsOwnThatIsNeverReused) {
-    std::vector<std::uint32_t> ids = {CurrentThreadLogId()};
+    const std::uint32_t own = CurrentThreadLogId();
+    EXPECT_GE(own, 1U);
+    std::uint32_t last = own;
     for (int count = 0; count < 2; ++count) {
-        std::thread([&ids] { ids.push_back(CurrentThreadLogId()); }).join();
+        std::thread([&last] { EXPECT_GT(CurrentThreadLogId(), std::exchange(last, CurrentThreadLogId())); }).join();
     }
-    EXPECT_EQ(CurrentThreadLogId(), ids[0]);
-    EXPECT_GE(ids[0], 1U);
-    EXPECT_GT(ids[1], ids[0]);
-    EXPECT_EQ(ids[2], ids[1] + 1);
+    EXPECT_EQ(CurrentThreadLogId(), own);
 }
 
 } // namespace

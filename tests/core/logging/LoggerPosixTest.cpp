@@ -1,10 +1,7 @@
 #include "tests/core/logging/LoggerTestSupport.h"
-
 #include "tests/support/TemporaryFolder.h"
 
 #include <fcntl.h>
-#include <fstream>
-#include <iterator>
 #include <pthread.h>
 #include <system_error>
 
@@ -12,39 +9,27 @@ namespace ovrin::testing {
 
 namespace {
 
-// No thread with the default stack can be made for the length of this scope.
-class NoThreadsScope {
-public:
-    NoThreadsScope() {
-        pthread_attr_t huge;
-        pthread_getattr_default_np(&old_);
-        pthread_getattr_default_np(&huge);
-        pthread_attr_setstacksize(&huge, std::size_t{1} << 46U); // half of all there is to address
-        pthread_setattr_default_np(&huge);
-        pthread_attr_destroy(&huge);
-    }
-    NoThreadsScope(const NoThreadsScope &) = delete;
-    NoThreadsScope &operator=(const NoThreadsScope &) = delete;
-    ~NoThreadsScope() {
-        pthread_setattr_default_np(&old_);
-        pthread_attr_destroy(&old_);
-    }
-
-private:
-    pthread_attr_t old_{};
-};
+// For the threads that are made from now on. Gives the size before.
+std::size_t SetStackSize(std::size_t size) {
+    pthread_attr_t attributes;
+    std::size_t before = 0;
+    pthread_getattr_default_np(&attributes);
+    pthread_attr_getstacksize(&attributes, &before);
+    pthread_attr_setstacksize(&attributes, size);
+    pthread_setattr_default_np(&attributes);
+    pthread_attr_destroy(&attributes);
+    return before;
+}
 
 TEST(LogWorker, ThatCannotBeMadeLeavesTheDirectMode) {
     const TemporaryFolder folder;
-    Logger logger({.console = false});
-    {
-        const NoThreadsScope noThreads;
-        EXPECT_THROW(logger.Start("x", folder.Path()), std::system_error);
-    }
+    Logger logger(quiet);
+    const std::size_t before = SetStackSize(std::size_t{1} << 46U); // half of all there is to address
+    EXPECT_THROW(logger.Start("x", folder.Path()), std::system_error);
+    SetStackSize(before);
     EXPECT_FALSE(logger.IsWorkerRunning());
     logger.Log(LogLevel::Info, "direct");
-    std::ifstream file(folder.Path() / "x.latest.log", std::ios::binary);
-    EXPECT_TRUE(std::string(std::istreambuf_iterator<char>(file), {}).ends_with("[Info] direct\n"));
+    EXPECT_TRUE(ReadFile(folder.Path() / "x.latest.log").ends_with("[Info] direct\n"));
     logger.Flush();
     logger.Start("x", folder.Path());
     EXPECT_TRUE(logger.IsWorkerRunning());
@@ -52,44 +37,33 @@ TEST(LogWorker, ThatCannotBeMadeLeavesTheDirectMode) {
 
 TEST(LogWorker, ShowsItsName) {
     std::string name(16, '\0');
-    Logger logger({.console = false, .startWorkerOnCreate = true});
-    logger.AddSink(std::make_shared<RecordingSink>(
-        [&name](const LogRecord &) { pthread_getname_np(pthread_self(), name.data(), name.size()); }));
-    logger.Log(LogLevel::Fatal, "text");
+    WatchedLogger watched(Queued(), [&name](Logger & /*logger*/, const std::string & /*call*/) {
+        pthread_getname_np(pthread_self(), name.data(), name.size());
+    });
+    watched.logger.Log(LogLevel::Fatal, "text");
     EXPECT_STREQ(name.c_str(), "Ovrin Log Sink");
 }
 
 // What a thread keeps for itself goes after its last line of code, and may log when it does. (With
 // MinGW its memory goes first.)
 TEST(LogStop, WaitsForAWorkerWhoseOwnObjectsLogWhenTheyGo) {
-    struct Farewell {
-        Farewell() = default;
-        Farewell(const Farewell &) = delete;
-        Farewell &operator=(const Farewell &) = delete;
-        ~Farewell() {
-            if (logger != nullptr) {
-                logger->Log(LogLevel::Info, "fills the queue");
-                logger->Log(LogLevel::Fatal, "farewell");
-            }
-        }
-        Logger *logger = nullptr;
-    };
     for (const bool stopsItself : {false, true}) {
-        Logger *logger = nullptr;
-        GatedLogger gated(1, [&](const LogRecord &record) {
-            static thread_local Farewell farewell;
-            if (record.message == "stop") {
-                farewell.logger = logger;
+        WatchedLogger gated(Queued(1), [stopsItself](Logger &logger, const std::string &message) {
+            static thread_local std::shared_ptr<Logger> farewell;
+            if (message == "stop") {
+                farewell = {&logger, [](Logger *each) {
+                                each->Log(LogLevel::Info, "fills the queue");
+                                each->Log(LogLevel::Fatal, "farewell");
+                            }};
                 if (stopsItself) {
-                    logger->StopWorker();
+                    logger.StopWorker();
                 }
             }
         });
-        logger = &gated.logger;
         gated.StallWorker();
         gated.gate.Open();
         gated.logger.StopWorker();
-        EXPECT_EQ(gated.sink->Messages(), (Texts{"stop", "fills the queue", "farewell"}));
+        EXPECT_EQ(gated.sink->Seen().messages, (Texts{"stop", "fills the queue", "farewell"}));
         gated.logger.StartWorker();
         EXPECT_TRUE(gated.logger.IsWorkerRunning());
     }
@@ -97,7 +71,7 @@ TEST(LogStop, WaitsForAWorkerWhoseOwnObjectsLogWhenTheyGo) {
 
 TEST(SessionFiles, AreNotInheritedByAStartedProgram) {
     const TemporaryFolder folder;
-    Logger logger({.console = false});
+    Logger logger(quiet);
     logger.Start("x", folder.Path());
     int open = 0;
     for (const auto &entry : std::filesystem::directory_iterator("/proc/self/fd")) {
@@ -121,8 +95,7 @@ TEST(SessionFiles, GoOnOnceAFullDiskHasRoomAgain) {
                                 disk + " && " OVRIN_LOGGING_PROBE " \"full disk\" " + disk + " && cp " + disk +
                                 "/probe.latest.log " + folder.Path().string() + "' >/dev/null";
     ASSERT_EQ(std::system(command.c_str()), 0);
-    std::ifstream file(folder.Path() / "probe.latest.log", std::ios::binary);
-    const std::string text(std::istreambuf_iterator<char>(file), {});
+    const std::string text = ReadFile(folder.Path() / "probe.latest.log");
     EXPECT_NE(text.find("[Info] before\n"), std::string::npos);
     EXPECT_EQ(text.find("full"), std::string::npos);
     EXPECT_TRUE(text.ends_with("[Info] after\n")) << text;

@@ -6,11 +6,8 @@
 #include "core/logging/Logger.h"
 #include "tests/support/TemporaryFolder.h"
 
-#include <algorithm>
-#include <charconv>
 #include <cstdio>
 #include <cstdlib>
-#include <iterator>
 #include <map>
 #include <set>
 #include <stdexcept>
@@ -23,153 +20,127 @@ namespace {
 constexpr int producerCount = 8;
 constexpr int recordsEach = 40;
 constexpr int callsEach = 12;
-
-// Which records came, and whether each producer's came in order. Called under the logger's own lock.
-class TallySink : public LogSink {
-public:
-    void Write(const LogRecord &record, std::string_view line) override {
-        if (!line.ends_with(record.message) || !seen_.insert(record.sequence).second) {
-            doubled_ = true;
-        }
-        std::uint64_t &last = lastOfThread_[record.threadId];
-        inOrder_ = inOrder_ && record.sequence > last;
-        last = record.sequence;
-    }
-    void Flush() override {}
-
-    [[nodiscard]] bool IsDoubled() const { return doubled_; }
-    [[nodiscard]] bool IsInOrder() const { return inOrder_; }
-    [[nodiscard]] const std::set<std::uint64_t> &Seen() const { return seen_; }
-
-private:
-    std::set<std::uint64_t> seen_;
-    std::map<std::uint32_t, std::uint64_t> lastOfThread_;
-    bool doubled_ = false;
-    bool inOrder_ = true;
-};
-
-class ThrowingSink : public LogSink {
-public:
-    void Write(const LogRecord & /*record*/, std::string_view /*line*/) override { throw std::runtime_error("write"); }
-    void Flush() override { throw std::runtime_error("flush"); }
-};
-
 constexpr std::string_view answer = "answer";
 
+// Which records came, and whether each producer's came in order. Called under the logger's own lock.
+struct TallySink : LogSink {
+    void Write(const LogRecord &record, std::string_view line) override {
+        isDoubled = isDoubled || !line.ends_with(record.message) || !seen.insert(record.sequence).second;
+        std::uint64_t &last = lastOfThread[record.threadId];
+        isInOrder = isInOrder && record.sequence > last;
+        last = record.sequence;
+        throw std::runtime_error("write");
+    }
+    void Flush() override { throw std::runtime_error("flush"); }
+
+    std::set<std::uint64_t> seen;
+    std::map<std::uint32_t, std::uint64_t> lastOfThread;
+    bool isDoubled = false;
+    bool isInOrder = true;
+};
+
 // Answers now and then, but never an answer: that would have no end.
-class AnsweringSink : public LogSink {
-public:
-    explicit AnsweringSink(Logger &logger) : logger_(logger) {}
+struct AnsweringSink : LogSink {
+    explicit AnsweringSink(Logger &loggerToUse) : logger(loggerToUse) {}
     void Write(const LogRecord &record, std::string_view /*line*/) override {
         if (record.message != answer && record.sequence % 7 == 0) {
-            logger_.Log(LogCategory::Audio, LogLevel::Info, answer);
+            logger.Log(LogCategory::Audio, LogLevel::Info, answer);
         }
     }
-    void Flush() override { logger_.Flush(); }
+    void Flush() override { logger.Flush(); }
 
-private:
-    Logger &logger_;
+    Logger &logger;
 };
 
 class Round {
 public:
     explicit Round(bool hasLimitedFlushes) : hasLimitedFlushes_(hasLimitedFlushes) {
         logger_.AddSink(tally_);
-        logger_.AddSink(std::make_shared<ThrowingSink>());
         logger_.AddSink(std::make_shared<AnsweringSink>(logger_));
     }
 
+    // What went wrong, or nothing.
     [[nodiscard]] const char *Run() {
-        {
-            std::vector<std::jthread> threads;
-            std::generate_n(std::back_inserter(threads), producerCount,
-                            [this] { return std::jthread([this] { Produce(); }); });
-            threads.emplace_back([this] { Repeat([this] { logger_.Flush(); }); });
-            threads.emplace_back([this] { ChangeSinks(); });
-            threads.emplace_back([this] { Read(); });
-            threads.emplace_back([this] { StartAndStop(); });
-            threads.emplace_back([this] { Repeat([this] { logger_.Shutdown(); }); });
-            if (hasLimitedFlushes_) {
-                threads.emplace_back([this] { FlushWithLimit(0); });
-                threads.emplace_back([this] { FlushWithLimit(1); });
-            }
+        for (int count = 0; count < producerCount; ++count) {
+            Repeat(recordsEach, [this](int number) { Produce(number); });
         }
+        Repeat(callsEach, [this](int /*number*/) { logger_.Flush(); });
+        Repeat(callsEach, [this](int /*number*/) { logger_.Shutdown(); });
+        Repeat(callsEach, [this](int /*number*/) { ChangeSinks(); });
+        Repeat(callsEach, [this](int number) { Read(number); });
+        Repeat(callsEach, [this](int /*number*/) { StartAndStop(); });
+        for (int limit = 0; hasLimitedFlushes_ && limit < 2; ++limit) {
+            Repeat(callsEach, [this, limit](int /*number*/) { static_cast<void>(logger_.FlushFor(limit)); });
+        }
+        threads_.clear(); // joins them
         logger_.Shutdown();
         return Judge();
     }
 
 private:
+    // Makes the call that often on a thread of its own.
     template<typename Call>
-    static void Repeat(Call call) {
-        for (int count = 0; count < callsEach; ++count) {
-            call();
-        }
+    void Repeat(int count, Call call) {
+        threads_.emplace_back([count, call] {
+            for (int number = 0; number < count; ++number) {
+                call(number);
+            }
+        });
     }
 
-    void Produce() {
-        for (int count = 0; count < recordsEach; ++count) {
-            logger_.Log(LogCategory::Net, count % 10 == 9 ? LogLevel::Fatal : LogLevel::Info,
-                        "record " + std::string(static_cast<std::size_t>(count), '.'));
-        }
+    void Produce(int number) {
+        logger_.Log(LogCategory::Net, number % 10 == 9 ? LogLevel::Fatal : LogLevel::Info,
+                    "record " + std::string(static_cast<std::size_t>(number), '.'));
     }
     void ChangeSinks() {
-        Repeat([this] {
-            const auto sink = std::make_shared<TallySink>();
-            const std::uint64_t id = logger_.AddSink(sink);
-            std::this_thread::yield();
-            logger_.RemoveSink(id);
-            wrong_ = wrong_ || sink.use_count() != 1 || sink->IsDoubled();
-        });
+        const auto sink = std::make_shared<TallySink>();
+        const std::uint64_t id = logger_.AddSink(sink);
+        std::this_thread::yield();
+        logger_.RemoveSink(id);
+        wrong_ = wrong_ || sink.use_count() != 1 || sink->isDoubled;
     }
-    void Read() {
-        std::vector<LogRecord> records;
-        Repeat([this, &records, last = std::uint64_t{0}]() mutable { last = logger_.GetRecordsAfter(last, records); });
+    void Read(int number) {
+        lastRead_ = logger_.GetRecordsAfter(lastRead_, records_);
         static_cast<void>(logger_.GetRecentLines(5, 1));
-        logger_.ClearHistory();
+        if (number == callsEach / 2) {
+            logger_.ClearHistory();
+        }
     }
     void StartAndStop() {
-        Repeat([this] {
-            logger_.Start("stress", folder_.Path());
-            std::this_thread::yield();
-            logger_.StopWorker();
-        });
-    }
-    void FlushWithLimit(std::int64_t milliseconds) {
-        Repeat([this, milliseconds] { static_cast<void>(logger_.FlushFor(milliseconds)); });
+        logger_.Start("stress", folder_.Path());
+        std::this_thread::yield();
+        logger_.StopWorker();
     }
 
     [[nodiscard]] const char *Judge() const {
-        if (wrong_ || tally_->IsDoubled()) {
+        if (wrong_ || tally_->isDoubled) {
             return "a record came twice, or a sink was kept";
         }
         if (hasLimitedFlushes_) {
             return nullptr;
         }
         // Answers without a worker are in the history only.
-        return !tally_->IsInOrder() ? "a thread's records came out of order"
-               : tally_->Seen().size() < std::size_t{producerCount} * recordsEach ? "a record was lost"
-                                                                                  : nullptr;
+        return !tally_->isInOrder                                               ? "a thread's records came out of order"
+               : tally_->seen.size() < std::size_t{producerCount} * recordsEach ? "a record was lost"
+                                                                                : nullptr;
     }
 
     bool hasLimitedFlushes_;
-    bool wrong_ = false; // written by ChangeSinks alone
+    bool wrong_ = false; // written by ChangeSinks alone, as the next two are by Read
+    std::uint64_t lastRead_ = 0;
+    std::vector<LogRecord> records_;
     TemporaryFolder folder_;
     std::shared_ptr<TallySink> tally_ = std::make_shared<TallySink>();
     Logger logger_{{.console = false, .queueCapacity = 16, .historyCapacity = 32}};
+    std::vector<std::jthread> threads_;
 };
-
-int NumberFrom(const char *text) {
-    int number = 0;
-    std::from_chars(text, text + std::string_view(text).size(), number);
-    return number;
-}
 
 } // namespace
 
 } // namespace ovrin::testing
 
 int main(int count, char **arguments) {
-    const int rounds = count > 1 ? ovrin::testing::NumberFrom(arguments[1]) : 100;
+    const int rounds = count > 1 ? std::stoi(arguments[1]) : 100;
     for (int round = 0; round < rounds; ++round) {
         const char *fault = ovrin::testing::Round(round % 2 == 1).Run();
         if (fault != nullptr) {

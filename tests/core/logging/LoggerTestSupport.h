@@ -1,4 +1,4 @@
-// What the logger's tests share: a look at who waits, sinks that stop at a gate, and threads that are joined.
+// What the logger's tests share: a look at who waits, sinks that stop at a gate, and what was written to a file.
 #pragma once
 
 #include "core/logging/LogThread.h"
@@ -6,41 +6,44 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <mutex>
 #include <thread>
 
 namespace ovrin::testing {
 
+using Texts = std::vector<std::string>;
+
 inline constexpr std::chrono::seconds brokenAfter{60}; // only a broken program waits as long
+
+inline std::string ReadFile(const std::filesystem::path &path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
 
 // Reads the logger's own state, so that a test goes on only when a thread really waits.
 struct LoggerTestAccess {
-    template<typename Read>
-    static auto Under(Logger &logger, const Read &read) {
-        const std::lock_guard lock(logger.queueMutex_);
-        return read(logger);
-    }
-    static auto ProducersWaiting(Logger &logger) {
-        return Under(logger, [](Logger &each) { return each.producersWaiting_; });
-    }
-    static auto DrainedWaiters(Logger &logger) {
-        return Under(logger, [](Logger &each) { return each.drainedWaiters_; });
-    }
-    static auto Written(Logger &logger) {
-        return Under(logger, [](Logger &each) { return each.written_.Value(); });
-    }
-    static bool StopRequested(Logger &logger) {
-        return Under(logger, [](Logger &each) { return each.stopRequested_; });
-    }
+    struct State {
+        std::uint32_t producersWaiting, drainedWaiters;
+        std::uint64_t written;
+        bool stopRequested;
+    };
     static auto LockOfQueue(Logger &logger) { return std::unique_lock(logger.queueMutex_); }
-    static auto LockOfOutputs(Logger &logger) { return std::unique_lock(logger.outputMutex_); }
+    static State Of(Logger &logger) {
+        const auto lock = LockOfQueue(logger);
+        return {logger.producersWaiting_, logger.drainedWaiters_, logger.written_.Value(), logger.stopRequested_};
+    }
     // As between the worker's end and the final drain: records are queued, and nobody takes them.
     static void QueueWithoutWorker(Logger &logger, bool on) {
-        Under(logger, [on](Logger &each) { return each.workerRunning_ = on; });
+        const auto lock = LockOfQueue(logger);
+        logger.workerRunning_ = on;
     }
 };
+
+using LoggerState = LoggerTestAccess::State;
 
 template<typename Condition>
 void WaitUntil(const Condition &condition) {
@@ -88,86 +91,78 @@ private:
     Semaphore open_;
 };
 
-// Keeps what it was given; `onWrite` and `onFlush` run inside the calls.
+// Keeps what it was given; `onCall` runs inside the calls, with the message or with "flush".
 class RecordingSink : public LogSink {
 public:
-    using OnWrite = std::function<void(const LogRecord &)>;
+    using OnCall = std::function<void(const std::string &)>;
+    struct State {
+        Texts messages, lines;
+        std::vector<std::uint32_t> threads; // who wrote each message
+        std::size_t flushedCount = 0;       // how many messages had been written at the last flush
+        int flushes = 0;
+    };
 
-    explicit RecordingSink(OnWrite onWrite = {}, std::function<void()> onFlush = {})
-        : onWrite_(std::move(onWrite)), onFlush_(std::move(onFlush)) {}
+    explicit RecordingSink(OnCall onCall) : onCall_(std::move(onCall)) {}
 
     void Write(const LogRecord &record, std::string_view line) override {
-        {
-            const std::lock_guard lock(mutex_);
-            messages_.push_back(record.message);
-            lines_.emplace_back(line);
-            threads_.push_back(CurrentThreadLogId());
-        }
-        if (onWrite_) {
-            onWrite_(record);
-        }
+        std::unique_lock lock(mutex_);
+        state_.messages.push_back(record.message);
+        state_.lines.emplace_back(line);
+        state_.threads.push_back(CurrentThreadLogId());
+        lock.unlock();
+        onCall_(record.message);
     }
     void Flush() override {
-        {
-            const std::lock_guard lock(mutex_);
-            flushedCount_ = messages_.size();
-            ++flushes_;
-        }
-        if (onFlush_) {
-            onFlush_();
-        }
+        std::unique_lock lock(mutex_);
+        state_.flushedCount = state_.messages.size();
+        ++state_.flushes;
+        lock.unlock();
+        onCall_("flush");
     }
-
-    using Texts = std::vector<std::string>;
-    [[nodiscard]] Texts Messages() const { return Locked(messages_); }
-    [[nodiscard]] Texts Lines() const { return Locked(lines_); }
-    // Who wrote each message.
-    [[nodiscard]] std::vector<std::uint32_t> Threads() const { return Locked(threads_); }
-    // How many messages had been written at the last flush.
-    [[nodiscard]] std::size_t FlushedCount() const { return Locked(flushedCount_); }
-    [[nodiscard]] int Flushes() const { return Locked(flushes_); }
+    [[nodiscard]] State Seen() const {
+        const std::lock_guard lock(mutex_);
+        return state_;
+    }
 
 private:
-    template<typename Value>
-    Value Locked(const Value &value) const {
-        const std::lock_guard lock(mutex_);
-        return value;
-    }
-
     mutable std::mutex mutex_;
-    OnWrite onWrite_;
-    std::function<void()> onFlush_;
-    Texts messages_;
-    Texts lines_;
-    std::vector<std::uint32_t> threads_;
-    std::size_t flushedCount_ = 0;
-    int flushes_ = 0;
+    OnCall onCall_;
+    State state_;
 };
 
-using Texts = RecordingSink::Texts;
+inline constexpr LoggerConfig quiet{.console = false};
 
-// A quiet logger with a sink that stops at the gate in the record with the message "stop".
-struct GatedLogger {
-    explicit GatedLogger(std::uint64_t queueCapacity = 16, RecordingSink::OnWrite alsoOnWrite = {})
-        : logger(
-              {.console = false, .startWorkerOnCreate = true, .queueCapacity = queueCapacity, .historyCapacity = 64}),
-          sink(std::make_shared<RecordingSink>([this, then = std::move(alsoOnWrite)](const LogRecord &record) {
-              if (record.message == "stop") {
+constexpr LoggerConfig Queued(std::uint64_t capacity = 16) {
+    return {.console = false, .startWorkerOnCreate = true, .queueCapacity = capacity};
+}
+
+// A logger with a sink that stops at the gate in the record with the message "stop".
+struct WatchedLogger {
+    using OnCall = std::function<void(Logger &, const std::string &)>;
+
+    explicit WatchedLogger(
+        const LoggerConfig &config = quiet, OnCall onCall = [](auto &&...) {})
+        : logger(config),
+          sink(std::make_shared<RecordingSink>([this, then = std::move(onCall)](const std::string &message) {
+              if (message == "stop") {
                   gate.Stop();
               }
-              if (then) {
-                  then(record);
-              }
+              then(logger, message);
           })) {
         logger.AddSink(sink);
     }
 
+    void Log(std::string_view message) { logger.Log(LogLevel::Info, message); }
     // The worker holds a record and the outputs until the gate opens.
     void StallWorker() {
         Log("stop");
         gate.AwaitArrival();
     }
-    void Log(std::string_view message) { logger.Log(LogLevel::Info, message); }
+    [[nodiscard]] LoggerState State() { return LoggerTestAccess::Of(logger); }
+    template<typename Value>
+    void Await(Value LoggerState::*field, Value value) {
+        WaitUntil([=, this] { return State().*field == value; });
+    }
 
     Gate gate;
     Logger logger;

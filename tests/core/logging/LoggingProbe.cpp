@@ -5,30 +5,22 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <string_view>
 
 namespace {
 
 constexpr int sinksExitCode = 3;
 
-class LogsAtExit {
-public:
-    explicit LogsAtExit(const char *message) : message_(message) {}
-    LogsAtExit(const LogsAtExit &) = delete;
-    LogsAtExit &operator=(const LogsAtExit &) = delete;
-    ~LogsAtExit() {
-        ovrin::LogError(message_);
-        ovrin::FlushLog();
-        static_cast<void>(ovrin::Logger::Instance().FlushFor(0));
-        ovrin::ShutdownLog();
-    }
+// What a static object with this function for its end logs when it goes.
+using LogsAtExit = std::shared_ptr<const char>;
 
-private:
-    const char *message_;
-};
+void LogAtExit(const char *message) {
+    ovrin::LogError(message);
+    ovrin::FlushLog();
+    static_cast<void>(ovrin::Logger::Instance().FlushFor(0));
+    ovrin::ShutdownLog();
+}
 
-class ExitingSink : public ovrin::LogSink {
-public:
+struct ExitingSink : ovrin::LogSink {
     void Write(const ovrin::LogRecord &record, std::string_view /*line*/) override {
         if (record.message == "9") {
             std::exit(sinksExitCode); // NOLINT(concurrency-mt-unsafe): the end in a sink is what is tried
@@ -36,12 +28,6 @@ public:
     }
     void Flush() override {}
 };
-
-void LogSome() {
-    for (int number = 0; number < 1000; ++number) {
-        ovrin::LogInfo(std::to_string(number));
-    }
-}
 
 // Another process that uses a log file while the logger has it open.
 int AppendNote(const char *path) {
@@ -52,15 +38,14 @@ int AppendNote(const char *path) {
 
 int LogOnFullDisk(const std::filesystem::path &disk) {
     ovrin::Logger &logger = ovrin::Logger::Instance();
-    const std::filesystem::path filler = disk / "filler";
     logger.Start("probe", disk);
     ovrin::LogInfo("before");
     logger.Flush();
-    std::ofstream(filler) << std::string(1U << 20U, 'x');
+    std::ofstream(disk / "filler") << std::string(1U << 20U, 'x');
     const bool isFull = !(std::ofstream(disk / "more") << std::string(1U << 16U, 'x')).flush();
     ovrin::LogInfo(std::string(1U << 16U, '\n') + "full");
     logger.Flush();
-    std::filesystem::remove(filler);
+    std::filesystem::remove(disk / "filler");
     std::filesystem::remove(disk / "more");
     ovrin::LogInfo("after");
     return isFull ? EXIT_SUCCESS : EXIT_FAILURE;
@@ -80,17 +65,21 @@ int main(int count, char **arguments) {
         return LogOnFullDisk(arguments[2]);
     }
     if (way == "static objects") {
-        static const LogsAtExit goesLast("after the logger's end");
+        static const LogsAtExit goesLast("after the logger's end", LogAtExit);
         ovrin::LogInfo("first use");
-        static const LogsAtExit goesFirst("before the logger's end");
+        static const LogsAtExit goesFirst("before the logger's end", LogAtExit);
     }
-    ovrin::Logger::Instance().Start("probe", arguments[2]);
+    ovrin::Logger &logger = ovrin::Logger::Instance();
+    logger.Start("probe", arguments[2]);
     if (way == "exit in a sink") {
-        ovrin::Logger::Instance().AddSink(std::make_shared<ExitingSink>());
-        LogSome();
-        ovrin::FlushLog();
+        logger.AddSink(std::make_shared<ExitingSink>());
     }
-    LogSome();
+    for (int number = 0; number < 1000; ++number) {
+        ovrin::LogInfo(std::to_string(number));
+    }
+    if (way == "exit in a sink") {
+        logger.Flush(); // never comes back
+    }
     if (way == "exit") {
         std::exit(EXIT_SUCCESS); // NOLINT(concurrency-mt-unsafe): see above
     }

@@ -1,37 +1,28 @@
 #include "tests/core/logging/LoggerTestSupport.h"
 
-#include "core/logging/LogClock.h"
 #include "platform/text/NarrowPath.h"
 #include "tests/support/RunProbe.h"
 
-#include <fstream>
-#include <iterator>
-#include <set>
+#include <regex>
 
 namespace ovrin::testing {
 
 namespace {
 
-std::string ReadFile(const std::filesystem::path &path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 // A quiet logger with a folder for its files, where no variable of the tester's reaches it.
 struct Session {
     Session() = default;
 
-    [[nodiscard]] std::filesystem::path Latest(const char *stem) const { return folder.Path() / (stem + suffix); }
-    [[nodiscard]] std::string Banner(const std::string &title, const char *stem) const {
+    [[nodiscard]] std::string Banner(const std::string &title, const std::filesystem::path &latest) const {
         return "========== " + title +
                " Log ==========\nSession Log: " + NarrowFromPathLenient(logger.GetSessionLogPath()) +
-               "\nLatest Log: " + NarrowFromPathLenient(Latest(stem)) + "\n====================================\n";
+               "\nLatest Log: " + NarrowFromPathLenient(latest) + "\n====================================\n";
     }
+    [[nodiscard]] std::string SessionFile() const { return ReadFile(logger.GetSessionLogPath()); }
 
     EnvironmentScope levels{"OVRIN_LOG_LEVELS", std::nullopt};
     TemporaryFolder folder;
-    Logger logger{{.console = false}};
-    const std::string suffix = ".latest.log";
+    Logger logger{quiet};
 };
 
 // The message's own line, with the time that its record carries.
@@ -39,22 +30,28 @@ std::string LastLine(const Logger &logger) {
     return logger.GetRecentLines(1, 0).at(0) + "\n";
 }
 
+int RunLoggingProbe(const WideText &way, const std::filesystem::path &path) {
+    PROCESS_INFORMATION process{};
+    const std::vector<WideText> arguments = {way, WideFromPath(path)};
+    return StartProgram(OVRIN_LOGGING_PROBE, path.parent_path(), arguments, process) ? AwaitEnd(process) : -1;
+}
+
 TEST(SessionFiles, HoldTheBannerAndEveryLineSinceTheStart) {
     Session session;
+    const auto latest = session.folder.Path() / "My_Game____ber.latest.log";
     session.logger.Log(LogLevel::Info, "before");
     session.logger.Start("My Game: \u00DCber", session.folder.Path() / "");
-    const std::string banner = session.Banner("My Game: \u00DCber", "My_Game____ber");
     const std::filesystem::path path = session.logger.GetSessionLogPath();
     EXPECT_EQ(path.filename().string().substr(0, 15), "My_Game____ber_");
     session.logger.Log(LogLevel::Info, std::string("two\nlines\0!", 11));
-    std::string expected = banner + LastLine(session.logger);
+    std::string expected = session.Banner("My Game: \u00DCber", latest) + LastLine(session.logger);
     session.logger.Log(LogCategory::Script, LogLevel::Error, std::string(3U << 20U, 'x'));
     expected += LastLine(session.logger);
     session.logger.Start("Other", session.folder.Path() / "other"); // the session goes on
     session.logger.Shutdown();
     session.logger.Log(LogLevel::Info, "after");
     EXPECT_TRUE(ReadFile(path) == expected); // megabytes: not to be printed
-    EXPECT_TRUE(ReadFile(session.Latest("My_Game____ber")) == expected);
+    EXPECT_TRUE(ReadFile(latest) == expected);
     EXPECT_EQ(session.logger.GetSessionLogPath(), path);
     EXPECT_FALSE(std::filesystem::exists(session.folder.Path() / "other"));
 }
@@ -63,17 +60,14 @@ TEST(SessionFiles, AreContinuedAndBegunAnewWithinTheSameSecond) {
     Session session;
     std::filesystem::path first;
     do { // until no second ends in between
-        session.logger.Start("", session.folder.Path());
         first = session.logger.GetSessionLogPath();
-        session.logger.Shutdown();
         session.logger.Start("", session.folder.Path());
         session.logger.Shutdown();
     } while (session.logger.GetSessionLogPath() != first);
-    const std::string banner = session.Banner("OvrinEngine", "OvrinEngine");
-    const std::string whole = ReadFile(first);
-    ASSERT_GE(whole.size(), 2 * banner.size());
-    EXPECT_EQ(whole.substr(whole.size() - 2 * banner.size()), banner + banner);
-    EXPECT_EQ(ReadFile(session.Latest("OvrinEngine")), banner);
+    const auto latest = session.folder.Path() / "OvrinEngine.latest.log";
+    const std::string banner = session.Banner("OvrinEngine", latest);
+    EXPECT_EQ(session.SessionFile(), banner + banner);
+    EXPECT_EQ(ReadFile(latest), banner);
 }
 
 TEST(SessionFiles, MayBeReadAndWrittenByAnotherProcessMeanwhile) {
@@ -81,29 +75,24 @@ TEST(SessionFiles, MayBeReadAndWrittenByAnotherProcessMeanwhile) {
     session.logger.Start("shared", session.folder.Path());
     session.logger.Log(LogLevel::Info, "first");
     session.logger.Flush();
-    const std::string before = ReadFile(session.logger.GetSessionLogPath());
-    EXPECT_EQ(before, session.Banner("shared", "shared") + LastLine(session.logger));
-    PROCESS_INFORMATION other{};
-    ASSERT_TRUE(StartProgram(OVRIN_LOGGING_PROBE, session.folder.Path(),
-                             {WIDE("append"), WideFromPath(session.logger.GetSessionLogPath())}, other));
-    ASSERT_EQ(AwaitEnd(other), 0);
+    const std::string before = session.SessionFile();
+    EXPECT_EQ(before, session.Banner("shared", session.folder.Path() / "shared.latest.log") + LastLine(session.logger));
+    ASSERT_EQ(RunLoggingProbe(WIDE("append"), session.logger.GetSessionLogPath()), 0);
     session.logger.Log(LogLevel::Info, "second");
     session.logger.Flush();
-    EXPECT_EQ(ReadFile(session.logger.GetSessionLogPath()), before + "a note\n" + LastLine(session.logger));
+    EXPECT_EQ(session.SessionFile(), before + "a note\n" + LastLine(session.logger));
 }
 
 TEST(SessionFiles, ThatCannotBeMadeLeaveTheLoggerRunning) {
-    struct Case {
-        const char *label;
-        std::string prefix;
-        std::filesystem::path directory;
-        bool hasPath;
-        bool hasSessionFile;
-    };
     const TemporaryFolder folder;
     folder.Make("file");
     folder.Make("taken/x.latest.log/");
-    const Case cases[] = {
+    const struct {
+        const char *label;
+        std::string prefix;
+        std::filesystem::path directory;
+        bool hasPath, hasSessionFile;
+    } cases[] = {
         {"no directory: the path stays", "x", "", true, false},
         {"a file as directory", "x", folder.Path() / "file", false, false},
         {"a file above it", "x", folder.Path() / "file" / "logs", false, false},
@@ -112,18 +101,19 @@ TEST(SessionFiles, ThatCannotBeMadeLeaveTheLoggerRunning) {
         {"too long a name", std::string(300, 'x'), folder.Path() / "long", true, false},
     };
     const EnvironmentScope levels("OVRIN_LOG_LEVELS", WIDE("Render=Trace"));
-    for (const Case &each : cases) {
-        Logger logger({.console = false});
+    for (const auto &each : cases) {
+        SCOPED_TRACE(each.label);
+        Logger logger(quiet);
         logger.Start("before", folder.Path());
         logger.Shutdown();
         logger.Start(each.prefix, each.directory);
-        EXPECT_TRUE(logger.IsWorkerRunning()) << each.label;
-        EXPECT_EQ(logger.GetLevel(LogCategory::Render), LogLevel::Trace) << each.label;
+        EXPECT_TRUE(logger.IsWorkerRunning());
+        EXPECT_EQ(logger.GetLevel(LogCategory::Render), LogLevel::Trace);
         logger.Log(LogLevel::Info, "text");
         logger.Flush();
-        EXPECT_EQ(!logger.GetSessionLogPath().empty(), each.hasPath) << each.label;
-        EXPECT_EQ(ReadFile(logger.GetSessionLogPath()).ends_with("[Info] text\n"), each.hasSessionFile) << each.label;
-        EXPECT_EQ(logger.GetRecords().size(), 1U) << each.label << ": nothing is said about it";
+        EXPECT_EQ(!logger.GetSessionLogPath().empty(), each.hasPath);
+        EXPECT_EQ(ReadFile(logger.GetSessionLogPath()).ends_with("[Info] text\n"), each.hasSessionFile);
+        EXPECT_EQ(logger.GetRecords().size(), 1U) << "nothing is said about it";
     }
 }
 
@@ -132,40 +122,34 @@ TEST(SessionFiles, LieInTheUserSettingsDirectory) {
     const EnvironmentScope settings("OVRIN_USER_SETTINGS_DIR", WideFromPath(session.folder.Path()));
     session.logger.Start("game");
     EXPECT_EQ(session.logger.GetSessionLogPath().parent_path(), session.folder.Path() / "Logs");
-    session.logger.Shutdown();
     EXPECT_TRUE(std::filesystem::exists(session.folder.Path() / "Logs" / "game.latest.log"));
 }
 
 TEST(LogLevelsVariable, IsAppliedAtEveryStartAndABadOneIsReportedOnce) {
-    struct Case {
+    const struct {
         const char *label;
         WideText value;
         LogLevel core;
-        Texts warnings;
+        std::size_t complaints; // of two starts
+    } cases[] = {
+        {"good", WIDE("core=trace"), LogLevel::Trace, 0},
+        {"empty", WIDE(""), LogLevel::Info, 0},
+        {"two bad entries, one message", WIDE("x, core=warn ;=y"), LogLevel::Warning, 2},
+        {"silences its own message", WIDE("x,off"), LogLevel::Off, 0},
+        {"another script", WIDE("\u00E9"), LogLevel::Info, 2},
     };
-    const std::string complaint = "OVRIN_LOG_LEVELS contains an invalid entry: '";
-    const Case cases[] = {
-        {"good", WIDE("core=trace"), LogLevel::Trace, {}},
-        {"empty", WIDE(""), LogLevel::Info, {}},
-        {"two bad entries, one message",
-         WIDE("x, core=warn ;=y"),
-         LogLevel::Warning,
-         {complaint + "x, core=warn ;=y'."}},
-        {"silences its own message", WIDE("x,off"), LogLevel::Off, {}},
-        {"another script", WIDE("\u00E9"), LogLevel::Info, {complaint + NarrowFromWideLenient(WIDE("\u00E9")) + "'."}},
-    };
-    for (const Case &each : cases) {
+    for (const auto &each : cases) {
+        SCOPED_TRACE(each.label);
         const EnvironmentScope levels("OVRIN_LOG_LEVELS", each.value);
-        Logger logger({.console = false});
+        Logger logger(quiet);
         logger.Start("x", {});
         logger.Start("x", {});
-        EXPECT_EQ(logger.GetLevel(LogCategory::Core), each.core) << each.label;
-        const auto records = logger.GetRecords();
-        ASSERT_EQ(records.size(), 2 * each.warnings.size()) << each.label; // once a start
-        for (const LogRecord &record : records) {
-            EXPECT_EQ(record.message, each.warnings[0]) << each.label;
-            EXPECT_EQ(record.category, LogCategory::Core) << each.label;
-            EXPECT_EQ(record.level, LogLevel::Warning) << each.label;
+        EXPECT_EQ(logger.GetLevel(LogCategory::Core), each.core);
+        const std::string complaint = "[Warn] [Core] OVRIN_LOG_LEVELS contains an invalid entry: '";
+        const auto lines = logger.GetRecentLines(9, 0);
+        EXPECT_EQ(lines.size(), each.complaints);
+        for (const std::string &line : lines) {
+            EXPECT_EQ(line.substr(9), complaint + NarrowFromWideLenient(each.value) + "'.");
         }
     }
 }
@@ -174,8 +158,28 @@ TEST(StandardOutput, ShowsTheSameLines) {
     Logger logger(LoggerConfig{});
     ::testing::internal::CaptureStdout();
     logger.Log(LogLevel::Error, "text");
-    const std::string shown = ::testing::internal::GetCapturedStdout();
-    EXPECT_EQ(shown, LastLine(logger));
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(), LastLine(logger));
+}
+
+TEST(ProcessExit, WritesEveryRecordOfARunningWorker) {
+    const std::pair<WideText, std::string> cases[] = {
+        {WIDE("return"), ""}, {WIDE("exit"), ""}, {WIDE("static objects"), "[Error] before the logger's end\n"}};
+    std::string expected = "\n====================================\n";
+    for (int number = 0; number < 1000; ++number) {
+        expected.append("[Info] ").append(std::to_string(number)).append(1, '\n');
+    }
+    for (const auto &[way, last] : cases) {
+        const TemporaryFolder folder;
+        EXPECT_EQ(RunLoggingProbe(way, folder.Path()), 0);
+        const std::regex time("\n..:..:.. ");
+        const std::string text = std::regex_replace(ReadFile(folder.Path() / "probe.latest.log"), time, "\n");
+        EXPECT_TRUE(text.ends_with(expected + last)) << text;
+    }
+}
+
+TEST(ProcessExit, InsideASinkDoesNotHang) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(RunLoggingProbe(WIDE("exit in a sink"), folder.Path()), 3);
 }
 
 } // namespace
