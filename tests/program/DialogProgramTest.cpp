@@ -62,9 +62,9 @@ TEST_F(DialogProgram, BrowseFillsTheLocationAndCancellingKeepsIt) {
         fs::create_directories(location);
         Process launcher(Launcher(), home_);
         const Window window = WaitForLauncher(launcher);
-        Fill(window, At::projectName, u8"Game");
         Choose(launcher, window, At::browse, folderDialog, location);
         static_cast<void>(WaitForLauncher(launcher));
+        Fill(window, At::projectName, u8"Game"); // between the clicks on Browse: two at once would be a double click
         Cancel(launcher, window, At::browse, folderDialog);
         Click(window, At::createProject);
         ExpectExitCode(launcher, 0);
