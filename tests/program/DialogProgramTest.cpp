@@ -43,8 +43,8 @@ protected:
 
     // The stand-in editor's arguments, one a line, once it has come to its end.
     [[nodiscard]] std::string WaitForReport() const {
-        EXPECT_TRUE(WaitUntil([&] { return ReadFile(EditorLog()).ends_with("project.\n"); })) << ReadFile(EditorLog());
-        return ReadFile(EditorLog());
+        EXPECT_TRUE(WaitUntil([&] { return BytesOf(EditorLog()).ends_with("project.\n"); })) << BytesOf(EditorLog());
+        return BytesOf(EditorLog());
     }
 
     static std::string Argument(const fs::path &path) {

@@ -1,8 +1,6 @@
 #include "tests/program/LauncherProgramFixture.h"
 
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 
 namespace ovrin::program {
 namespace {
@@ -10,14 +8,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char *launcherTitle = "OvrinEngine Launcher";
-
-fs::path MakeOwnFolder() {
-    const auto *test = testing::UnitTest::GetInstance()->current_test_info();
-    const auto moment = std::chrono::steady_clock::now().time_since_epoch().count();
-    fs::path folder = fs::temp_directory_path() / ("ovrin-" + std::string(test->name()) + std::to_string(moment));
-    fs::create_directories(folder);
-    return fs::canonical(folder);
-}
 
 } // namespace
 
@@ -28,7 +18,6 @@ void LauncherProgram::SetUp() {
     }
     UnsetVariable("QT_QPA_PLATFORM");
 #endif
-    folder_ = MakeOwnFolder();
     bin_ = folder_ / "bin";
     home_ = folder_ / u8"дом 家 \U0001F3E0";
     fs::create_directories(bin_);
@@ -39,11 +28,6 @@ void LauncherProgram::SetUp() {
     }
     UnsetVariable("OVRIN_USER_SETTINGS_DIR");
     SetVariable("OVRIN_EDITOR_LOG", EditorLog());
-}
-
-void LauncherProgram::TearDown() {
-    std::error_code ignored;
-    fs::remove_all(folder_, ignored);
 }
 
 fs::path LauncherProgram::Launcher() const {
@@ -105,12 +89,6 @@ void LauncherProgram::Fill(Window window, Position edit, const std::u8string &te
     Click(window, edit);
     EraseText();
     Type(text);
-}
-
-std::string LauncherProgram::ReadFile(const fs::path &file) {
-    std::ostringstream text;
-    text << std::ifstream(file, std::ios::binary).rdbuf();
-    return text.str();
 }
 
 } // namespace ovrin::program

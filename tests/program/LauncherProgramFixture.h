@@ -2,10 +2,13 @@
 #pragma once
 
 #include "tests/program/ProgramDriver.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 namespace ovrin::program {
+
+using testing::BytesOf;
 
 // Where to click, at the one size that the window has.
 namespace At {
@@ -24,10 +27,9 @@ constexpr Position quit{1103, 733};
 // What lies beside the launcher under the editor's name.
 enum class Sibling { StandInEditor, Probe, Nothing, Folder, NotAProgram, NotExecutable };
 
-class LauncherProgram : public testing::Test {
+class LauncherProgram : public ::testing::Test {
 protected:
     void SetUp() override;
-    void TearDown() override;
 
     void PlaceSibling(Sibling sibling);
     // Waits for the window to be there and active; fails the test where it doesn't come.
@@ -42,10 +44,9 @@ protected:
     [[nodiscard]] std::filesystem::path Launcher() const;
     [[nodiscard]] std::filesystem::path EditorLog() const { return folder_ / "editor.log"; }
     [[nodiscard]] std::filesystem::path DefaultLocation() const { return home_ / "Documents" / "OvrinProjects"; }
-    // The whole file as text, empty where there is none.
-    [[nodiscard]] static std::string ReadFile(const std::filesystem::path &file);
 
-    std::filesystem::path folder_; // everything of this test
+    const testing::TemporaryFolder ownFolder_;
+    const std::filesystem::path &folder_ = ownFolder_.Path(); // everything of this test
     std::filesystem::path bin_;
     std::filesystem::path home_; // its name is in other scripts, and so every default location is
 };

@@ -33,14 +33,14 @@ TEST_F(LauncherProgram, CreatesAProjectByClicksAndStartsTheEditor) {
     Click(window, At::createProject);
 
     ExpectExitCode(launcher, 0);
-    const auto report = [&] { return ReadFile(EditorLog()); };
+    const auto report = [&] { return BytesOf(EditorLog()); };
     ASSERT_TRUE(WaitUntil([&] { return report().ends_with("project.\n"); })) << report();
     const fs::path file = DefaultLocation() / "My First Game" / "My First Game.oproject";
     EXPECT_TRUE(report().starts_with("Argument: --create-project\nArgument: " + Utf8(file) +
                                      "\nArgument: --project-name\nArgument: My First Game\n"
                                      "Argument: --project-template\nArgument: third_person\n"))
         << report();
-    EXPECT_EQ(ReadFile(file), "name = My First Game\ntemplate = third_person\n");
+    EXPECT_EQ(BytesOf(file), "name = My First Game\ntemplate = third_person\n");
 }
 
 struct EnterCase {
@@ -69,7 +69,7 @@ TEST_F(LauncherProgram, EnterInEitherEditStartsAnEditorThatOutlivesTheLauncher) 
         ExpectExitCode(launcher, 0);
         EXPECT_TRUE(fs::is_directory(DefaultLocation() / tested.folder));
         EXPECT_TRUE(fs::is_empty(DefaultLocation() / tested.folder));
-        const auto record = [&] { return ReadFile(bin_ / "record"); };
+        const auto record = [&] { return BytesOf(bin_ / "record"); };
         ASSERT_TRUE(WaitUntil([&] { return record().ends_with('\n'); }));
         EXPECT_EQ(record(), "started with 6 arguments, the last blank, 0 descriptors\n");
         std::ofstream(bin_ / "release").flush();
@@ -84,8 +84,8 @@ TEST_F(LauncherProgram, ImpatientClicksStartOneEditor) {
     Fill(window, At::projectName, u8"Game");
     Click(window, At::createProject, 4);
     ExpectExitCode(launcher, 0);
-    ASSERT_TRUE(WaitUntil([&] { return ReadFile(EditorLog()).ends_with("project.\n"); }));
-    EXPECT_EQ(CountOf(ReadFile(EditorLog()), "Command line: "), 1U);
+    ASSERT_TRUE(WaitUntil([&] { return BytesOf(EditorLog()).ends_with("project.\n"); }));
+    EXPECT_EQ(CountOf(BytesOf(EditorLog()), "Command line: "), 1U);
 }
 
 // Each round is a launcher of its own: what one leaves in the list the next one shows.
@@ -94,7 +94,7 @@ TEST_F(LauncherProgram, OpensFromItsListWhatItsEditorsHaveRecorded) {
     const fs::path projects = folder_ / "projects"; // in letters that every file-name encoding has
     const auto fileOf = [&](const char *name) { return projects / name / (std::string(name) + ".oproject"); };
     const auto lastArgument = [&] {
-        const std::string report = ReadFile(EditorLog());
+        const std::string report = BytesOf(EditorLog());
         const std::size_t begin = report.rfind("Argument: ");
         return begin == std::string::npos ? report : report.substr(begin + 10, report.find('\n', begin) - begin - 10);
     };
@@ -105,7 +105,7 @@ TEST_F(LauncherProgram, OpensFromItsListWhatItsEditorsHaveRecorded) {
         Fill(window, At::location, projects.u8string());
         Click(window, At::createProject);
         ExpectExitCode(launcher, 0);
-        ASSERT_TRUE(WaitUntil([&] { return ReadFile(EditorLog()).ends_with("project.\n"); }));
+        ASSERT_TRUE(WaitUntil([&] { return BytesOf(EditorLog()).ends_with("project.\n"); }));
         fs::rename(EditorLog(), folder_ / name);
     }
     const struct {
@@ -125,7 +125,7 @@ TEST_F(LauncherProgram, OpensFromItsListWhatItsEditorsHaveRecorded) {
             Click(window, At::openSelected);
         }
         ExpectExitCode(launcher, 0);
-        ASSERT_TRUE(WaitUntil([&] { return ReadFile(EditorLog()).ends_with("Opened the project.\n"); }));
+        ASSERT_TRUE(WaitUntil([&] { return BytesOf(EditorLog()).ends_with("Opened the project.\n"); }));
         EXPECT_EQ(lastArgument(), Utf8(fileOf(round.opened)));
         fs::remove(EditorLog());
     }
@@ -137,7 +137,7 @@ TEST_F(LauncherProgram, OpensFromItsListWhatItsEditorsHaveRecorded) {
     ExpectMessage(launcher, "Project Missing");
     Click(window, At::openSelected); // the row has gone, and the other is the first
     ExpectExitCode(launcher, 0);
-    ASSERT_TRUE(WaitUntil([&] { return ReadFile(EditorLog()).ends_with("Opened the project.\n"); }));
+    ASSERT_TRUE(WaitUntil([&] { return BytesOf(EditorLog()).ends_with("Opened the project.\n"); }));
     EXPECT_EQ(lastArgument(), Utf8(fileOf("First")));
 }
 
@@ -206,7 +206,7 @@ TEST_F(LauncherProgram, RefusesWhatCannotBeMadeAndChangesNothing) {
         Click(window, At::createProject);
         ExpectMessage(launcher, tested.title);
     }
-    EXPECT_EQ(ReadFile(file), "content");
+    EXPECT_EQ(BytesOf(file), "content");
     EXPECT_TRUE(fs::is_empty(used / "Game" / "inner"));
     EXPECT_FALSE(fs::exists(EditorLog()));
 }

@@ -1,5 +1,6 @@
 // What only a Linux machine can put in the launcher's way.
 #include "tests/program/LauncherProgramFixture.h"
+#include "tests/support/SmallDisk.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -19,19 +20,19 @@ TEST_F(LauncherProgram, EndsSilentlyWithCodeOneWhereNoDisplayIs) {
         const int status = std::system(command.c_str());
         ASSERT_TRUE(WIFEXITED(status));
         EXPECT_EQ(WEXITSTATUS(status), 1);
-        EXPECT_EQ(ReadFile(output), "");
+        EXPECT_EQ(BytesOf(output), "");
     }
 }
 
 TEST_F(LauncherProgram, TellsThatAFullFileSystemTakesNoProject) {
-    if (std::system("unshare --user --map-root-user --mount mount -t tmpfs none /mnt 2>/dev/null") != 0) {
+    if (!ovrin::testing::CanMountSmallDisk()) {
         GTEST_SKIP() << "a small file system can't be mounted here";
     }
     // The file system belongs to the launcher alone and goes with it; it holds its root and one entry more.
     const fs::path full = folder_ / "full";
     fs::create_directories(full);
     const fs::path starter = bin_ / "starter";
-    std::ofstream(starter) << "#!/bin/sh\nexec unshare --user --map-root-user --mount sh -c '"
+    std::ofstream(starter) << "#!/bin/sh\nexec " << ovrin::testing::withOwnMounts << "sh -c '"
                            << "mount -t tmpfs -o nr_inodes=2 none " << full.string() << " && mkdir " << full.string()
                            << "/last && exec " << Launcher().string() << "'\n";
     fs::permissions(starter, fs::perms::owner_all);

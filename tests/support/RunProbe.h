@@ -7,7 +7,6 @@
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
-#include <iterator>
 #include <vector>
 
 #ifndef _WIN32
@@ -54,8 +53,7 @@ inline std::string RunProbe(const std::filesystem::path &program, const std::fil
         return {};
     }
     AwaitEnd(process);
-    std::ifstream file(output, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return BytesOf(output);
 }
 
 } // namespace ovrin::testing

@@ -3,11 +3,18 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <random>
 #include <string>
 #include <string_view>
 
 namespace ovrin::testing {
+
+// Its bytes; none where it can't be opened.
+inline std::string BytesOf(const std::filesystem::path &path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
 
 class TemporaryFolder {
 public:

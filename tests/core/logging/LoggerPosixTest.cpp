@@ -1,5 +1,5 @@
 #include "tests/core/logging/LoggerTestSupport.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/SmallDisk.h"
 
 #include <fcntl.h>
 #include <pthread.h>
@@ -29,7 +29,7 @@ TEST(LogWorker, ThatCannotBeMadeLeavesTheDirectMode) {
     SetStackSize(before);
     EXPECT_FALSE(logger.IsWorkerRunning());
     logger.Log(LogLevel::Info, "direct");
-    EXPECT_TRUE(ReadFile(folder.Path() / "x.latest.log").ends_with("[Info] direct\n"));
+    EXPECT_TRUE(BytesOf(folder.Path() / "x.latest.log").ends_with("[Info] direct\n"));
     logger.Flush();
     logger.Start("x", folder.Path());
     EXPECT_TRUE(logger.IsWorkerRunning());
@@ -85,17 +85,14 @@ TEST(SessionFiles, AreNotInheritedByAStartedProgram) {
 }
 
 TEST(SessionFiles, GoOnOnceAFullDiskHasRoomAgain) {
-    if (std::system("unshare --user --map-root-user --mount mount -t tmpfs none /mnt 2>/dev/null") != 0) {
+    if (!CanMountSmallDisk()) {
         GTEST_SKIP() << "a small file system can't be mounted here";
     }
-    // The file system belongs to the probe's shell alone and goes with it.
     const TemporaryFolder folder;
     const std::string disk = folder.Make("disk/").string();
-    const std::string command = "unshare --user --map-root-user --mount sh -c 'mount -t tmpfs -o size=64k none " +
-                                disk + " && " OVRIN_LOGGING_PROBE " \"full disk\" " + disk + " && cp " + disk +
-                                "/probe.latest.log " + folder.Path().string() + "' >/dev/null";
-    ASSERT_EQ(std::system(command.c_str()), 0);
-    const std::string text = ReadFile(folder.Path() / "probe.latest.log");
+    ASSERT_TRUE(SucceedsOnSmallDisk(disk, OVRIN_LOGGING_PROBE " \"full disk\" " + disk + " && cp " + disk +
+                                              "/probe.latest.log " + folder.Path().string()));
+    const std::string text = BytesOf(folder.Path() / "probe.latest.log");
     EXPECT_NE(text.find("[Info] before\n"), std::string::npos);
     EXPECT_EQ(text.find("full"), std::string::npos);
     EXPECT_TRUE(text.ends_with("[Info] after\n")) << text;

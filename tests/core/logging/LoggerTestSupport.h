@@ -3,13 +3,12 @@
 
 #include "core/logging/LogThread.h"
 #include "core/logging/Logger.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <chrono>
 #include <condition_variable>
-#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <mutex>
 #include <thread>
 
@@ -18,11 +17,6 @@ namespace ovrin::testing {
 using Texts = std::vector<std::string>;
 
 inline constexpr std::chrono::seconds brokenAfter{60}; // only a broken program waits as long
-
-inline std::string ReadFile(const std::filesystem::path &path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 // Reads the logger's own state, so that a test goes on only when a thread really waits.
 struct LoggerTestAccess {

@@ -18,7 +18,7 @@ struct Session {
                " Log ==========\nSession Log: " + NarrowFromPathLenient(logger.GetSessionLogPath()) +
                "\nLatest Log: " + NarrowFromPathLenient(latest) + "\n====================================\n";
     }
-    [[nodiscard]] std::string SessionFile() const { return ReadFile(logger.GetSessionLogPath()); }
+    [[nodiscard]] std::string SessionFile() const { return BytesOf(logger.GetSessionLogPath()); }
 
     EnvironmentScope levels{"OVRIN_LOG_LEVELS", std::nullopt};
     TemporaryFolder folder;
@@ -50,8 +50,8 @@ TEST(SessionFiles, HoldTheBannerAndEveryLineSinceTheStart) {
     session.logger.Start("Other", session.folder.Path() / "other"); // the session goes on
     session.logger.Shutdown();
     session.logger.Log(LogLevel::Info, "after");
-    EXPECT_TRUE(ReadFile(path) == expected); // megabytes: not to be printed
-    EXPECT_TRUE(ReadFile(latest) == expected);
+    EXPECT_TRUE(BytesOf(path) == expected); // megabytes: not to be printed
+    EXPECT_TRUE(BytesOf(latest) == expected);
     EXPECT_EQ(session.logger.GetSessionLogPath(), path);
     EXPECT_FALSE(std::filesystem::exists(session.folder.Path() / "other"));
 }
@@ -67,7 +67,7 @@ TEST(SessionFiles, AreContinuedAndBegunAnewWithinTheSameSecond) {
     const auto latest = session.folder.Path() / "OvrinEngine.latest.log";
     const std::string banner = session.Banner("OvrinEngine", latest);
     EXPECT_EQ(session.SessionFile(), banner + banner);
-    EXPECT_EQ(ReadFile(latest), banner);
+    EXPECT_EQ(BytesOf(latest), banner);
 }
 
 TEST(SessionFiles, MayBeReadAndWrittenByAnotherProcessMeanwhile) {
@@ -112,7 +112,7 @@ TEST(SessionFiles, ThatCannotBeMadeLeaveTheLoggerRunning) {
         logger.Log(LogLevel::Info, "text");
         logger.Flush();
         EXPECT_EQ(!logger.GetSessionLogPath().empty(), each.hasPath);
-        EXPECT_EQ(ReadFile(logger.GetSessionLogPath()).ends_with("[Info] text\n"), each.hasSessionFile);
+        EXPECT_EQ(BytesOf(logger.GetSessionLogPath()).ends_with("[Info] text\n"), each.hasSessionFile);
         EXPECT_EQ(logger.GetRecords().size(), 1U) << "nothing is said about it";
     }
 }
@@ -172,7 +172,7 @@ TEST(ProcessExit, WritesEveryRecordOfARunningWorker) {
         const TemporaryFolder folder;
         EXPECT_EQ(RunLoggingProbe(way, folder.Path()), 0);
         const std::regex time("\n..:..:.. ");
-        const std::string text = std::regex_replace(ReadFile(folder.Path() / "probe.latest.log"), time, "\n");
+        const std::string text = std::regex_replace(BytesOf(folder.Path() / "probe.latest.log"), time, "\n");
         EXPECT_TRUE(text.ends_with(expected + last)) << text;
     }
 }

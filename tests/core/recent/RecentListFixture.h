@@ -8,7 +8,6 @@
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
-#include <iterator>
 
 namespace ovrin::testing {
 
@@ -25,12 +24,10 @@ protected:
     void Write(std::string_view text) const { folder_.Make("recent_projects.cfg", WithFolder(text)); }
     // The file with "@" for the folder, and with single line feeds.
     [[nodiscard]] std::string Read() const {
-        std::ifstream file(File(), std::ios::binary);
-        const std::string text(std::istreambuf_iterator<char>(file), {});
-        return Replaced(Replaced(text, folder_.Path().generic_string(), "@"), "\r", "");
+        return Replaced(Replaced(BytesOf(File()), folder_.Path().generic_string(), "@"), "\r", "");
     }
     [[nodiscard]] std::string WithFolder(std::string_view text) const {
-        return Replaced(text, "@", folder_.Path().generic_string());
+        return Replaced(std::string(text), "@", folder_.Path().generic_string());
     }
     static Texts NamesOf(const Projects &projects) {
         Texts names;
@@ -42,42 +39,33 @@ protected:
     [[nodiscard]] static Texts Load(std::uint64_t limit = 0) {
         return NamesOf(RecentProjectStore::LoadRecentProjects(limit));
     }
-    // Projects that exist: 1, 2, ...
-    Projects MakeProjects(int count) const {
+    // Saves projects that exist: 1, 2, ...
+    Projects SaveProjects(int count) const {
         Projects projects;
         for (int number = 1; number <= count; ++number) {
             const std::string name = std::to_string(number);
             projects.push_back({.path = folder_.Make(name + ".oproject"), .name = name});
         }
+        EXPECT_TRUE(RecentProjectStore::SaveRecentProjects(projects));
         return projects;
     }
-    // The messages that were logged meanwhile.
-    template<typename Call>
-    static Texts Logged(const Call &call) {
+    // The one line that is logged while the list can't be saved, without its time.
+    static std::string FailureToSave(const Projects &projects) {
         std::vector<LogRecord> records;
-        const std::uint64_t before = Logger::Instance().GetRecordsAfter(0, records);
-        records.clear();
-        call();
+        const std::uint64_t before = Logger::Instance().GetRecordsAfter(~std::uint64_t{0}, records);
+        EXPECT_FALSE(RecentProjectStore::SaveRecentProjects(projects));
         Logger::Instance().GetRecordsAfter(before, records);
-        Texts messages;
-        for (const LogRecord &record : records) {
-            EXPECT_EQ(record.level, LogLevel::Warning);
-            EXPECT_EQ(record.category, LogCategory::General);
-            messages.push_back(record.message);
-        }
-        return messages;
+        return records.size() == 1 ? FormatRecordLine(records[0]).substr(sizeof("14:03:59")) : "not one line";
     }
 
     TemporaryFolder folder_;
 
 private:
-    static std::string Replaced(std::string_view text, std::string_view from, std::string_view to) {
-        std::string result;
-        for (std::size_t at = text.find(from); at != std::string_view::npos; at = text.find(from)) {
-            result.append(text.substr(0, at)).append(to);
-            text.remove_prefix(at + from.size());
+    static std::string Replaced(std::string text, std::string_view from, std::string_view to) {
+        for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
+            text.replace(at, from.size(), to);
         }
-        return result.append(text);
+        return text;
     }
 
     EnvironmentScope settings_{"OVRIN_USER_SETTINGS_DIR", WideFromPath(folder_.Path())};
