@@ -7,7 +7,7 @@
 #include <string>
 #include <unistd.h>
 
-int main(int argc, char **argv) {
+int main(int /*count*/, char **arguments) {
     std::string descriptors;
     for (int descriptor = 0; descriptor < 256; ++descriptor) {
         if (fcntl(descriptor, F_GETFD) != -1) {
@@ -22,8 +22,8 @@ int main(int argc, char **argv) {
     output << "folder " << std::filesystem::current_path().native() << "\ndescriptors" << descriptors
            << "\nleads its session " << (getsid(0) == getpid()) << "\nsignals "
            << (sigismember(&mask, SIGTERM) == 0 && broken.sa_handler == SIG_DFL) << '\n';
-    for (int index = 0; index < argc; ++index) {
-        output << '[' << argv[index] << ']';
+    for (; *arguments != nullptr; ++arguments) {
+        output << '[' << *arguments << ']';
     }
     return 0;
 }

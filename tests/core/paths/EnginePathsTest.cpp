@@ -3,45 +3,20 @@
 #include "tests/support/RunProbe.h"
 
 #include <cstdlib>
-#include <sstream>
 
 namespace ovrin::testing {
 
 namespace {
 
-struct Seen {
-    std::filesystem::path executable;
-    std::filesystem::path root;
-    std::filesystem::path asset;
-};
-
-std::filesystem::path NextPath(std::istream &lines) {
-    std::string line;
-    std::getline(lines, line);
-    return PathFromWide(Utf8ToWide(line));
-}
-
-// What a program at `executable` finds around itself.
-Seen LookAround(const std::filesystem::path &executable) {
-    std::filesystem::create_directories(executable.parent_path());
-    std::filesystem::copy_file(OVRIN_PATHS_PROBE, executable);
-    std::istringstream lines(RunProbe(executable, std::filesystem::current_path(), {}));
-    std::filesystem::path first = NextPath(lines);
-    std::filesystem::path second = NextPath(lines);
-    return {.executable = std::move(first), .root = std::move(second), .asset = NextPath(lines)};
-}
-
-struct TreeCase {
-    const char *label;
-    std::filesystem::path folder; // the executable's
-    std::vector<std::filesystem::path> entries;
-    std::filesystem::path root;
-    std::filesystem::path asset; // where "x" is found
-};
-
 TEST(EnginePaths, AreFoundFromTheExecutablesPlace) {
     constexpr const char *marker = "CMakeLists.txt";
-    const TreeCase cases[] = {
+    const struct {
+        const char *label;
+        std::filesystem::path folder; // the executable's
+        std::vector<std::filesystem::path> entries;
+        std::filesystem::path root;
+        std::filesystem::path asset; // where "x" is found
+    } cases[] = {
         {"marker beside", "e", {"e/CMakeLists.txt", marker}, "e", "e/Assets/x"},
         {"version file alone", "e/f", {"Config/EngineVersion.json"}, "", "e/f/Assets/x"},
         {"a folder is a marker too", "e/f", {"e/CMakeLists.txt/"}, "e", "e/f/Assets/x"},
@@ -52,38 +27,35 @@ TEST(EnginePaths, AreFoundFromTheExecutablesPlace) {
         {"everywhere", "1/2", {marker, "Assets/x", "1/Assets/x", "1/2/Assets/x/"}, "", "1/2/Assets/x"},
         {"other scripts", "\u00E9 \u6F22", {"\u00E9 \u6F22/CMakeLists.txt"}, "\u00E9 \u6F22", "\u00E9 \u6F22/Assets/x"},
     };
-    for (const TreeCase &each : cases) {
+    for (const auto &each : cases) {
         const TemporaryFolder tree;
         for (const auto &entry : each.entries) {
             tree.Make(entry);
         }
-        const auto at = [&tree](const std::filesystem::path &relative) {
-            return relative.empty() ? tree.Path() : (tree.Path() / relative).make_preferred();
+        const auto line = [&tree](const std::filesystem::path &relative) {
+            const auto path = relative.empty() ? tree.Path() : (tree.Path() / relative).make_preferred();
+            return WideToUtf8(WideFromPath(path)) + '\n';
         };
-        const std::filesystem::path executable = at(each.folder / "probe.exe");
-        const Seen seen = LookAround(executable);
-        EXPECT_EQ(seen.executable, executable) << each.label;
-        EXPECT_EQ(seen.root, at(each.root)) << each.label;
-        EXPECT_EQ(seen.asset, at(each.asset)) << each.label;
+        const auto executable = tree.Make(each.folder / "probe.exe");
+        std::filesystem::copy_file(OVRIN_PATHS_PROBE, executable, std::filesystem::copy_options::overwrite_existing);
+        EXPECT_EQ(RunProbe(executable, std::filesystem::current_path(), {}),
+                  line(each.folder / "probe.exe") + line(each.root) + line(each.asset))
+            << each.label;
     }
 }
 
-struct SettingsCase {
-    const char *label;
-    std::optional<WideText> own;
-    std::optional<WideText> roaming;
-    std::filesystem::path expected;
-};
-
 TEST(UserSettingsDirectory, IsTheFirstThatHasAValue) {
     const std::filesystem::path fallback = EnginePaths::GetEngineRoot() / ".ovrin_user";
-    const SettingsCase cases[] = {
+    const struct {
+        const char *label;
+        std::optional<WideText> own, roaming;
+        std::filesystem::path expected;
+    } cases[] = {
         {"own, unchanged and untested", WIDE("no/../such"), WIDE("roaming"), "no/../such"},
         {"an empty own counts as unset", WIDE(""), WIDE("roaming"), std::filesystem::path("roaming") / "OvrinEngine"},
-        {"empty and empty", WIDE(""), WIDE(""), fallback},
-        {"unset and unset", {}, {}, fallback},
+        {"neither", {}, WIDE(""), fallback},
     };
-    for (const SettingsCase &each : cases) {
+    for (const auto &each : cases) {
         const EnvironmentScope own("OVRIN_USER_SETTINGS_DIR", each.own);
         const EnvironmentScope roaming("APPDATA", each.roaming);
         EXPECT_EQ(EnginePaths::GetUserSettingsDirectory(), each.expected) << each.label;

@@ -18,14 +18,12 @@ TEST(MixColour, GoesChannelByChannelAndCutsFractionsOff) {
 TEST(ButtonColours, FollowHoverPressAndDisablingInEveryVariant) {
     constexpr ButtonCondition hovered{.hovered = true}, pressed{.pressed = true}, disabled{.disabled = true},
         hoveredAndPressed{.hovered = true, .pressed = true};
-    struct Variant {
+    constexpr struct {
         int id;
         PanelColours hovered;
-        COLORREF pressedFill;
-        COLORREF hoveredAndPressedFill;
+        COLORREF pressedFill, hoveredAndPressedFill;
         PanelColours disabled;
-    };
-    constexpr Variant variants[] = {
+    } variants[] = {
         {1004, {0x3C8DF3, 0x4190F3}, 0x246CC6, 0x3173C7, {0x204E89, 0x225AA0}},
         {1006, {0x3C8DF3, 0x4190F3}, 0x246CC6, 0x3173C7, {0x204E89, 0x225AA0}},
         {1003, {0x3B302A, 0x7E685D}, 0x231913, 0x302722, {0x1F1611, 0x4F3D34}},
@@ -33,7 +31,7 @@ TEST(ButtonColours, FollowHoverPressAndDisablingInEveryVariant) {
         {1008, {0x2F2A47, 0x564B95}, 0x17132D, 0x26223A, {0x181222, 0x32285C}},
         {1009, {0x302724, 0x66554D}, 0x18110D, 0x271F1D, {0x18100D, 0x3E2F28}},
     };
-    for (const Variant &variant : variants) {
+    for (const auto &variant : variants) {
         SCOPED_TRACE(variant.id);
         const auto colours = [&](const ButtonCondition &condition) { return ColoursOfButton(variant.id, condition); };
         EXPECT_EQ(colours(hovered).panel, variant.hovered);
@@ -48,24 +46,17 @@ TEST(ButtonColours, FollowHoverPressAndDisablingInEveryVariant) {
 }
 
 TEST(RowColours, AlternateFromTheFirstRowOnAndASelectedRowStaysOrange) {
-    constexpr COLORREF resting = 0x5E493E, blue = 0xFF9C2E;
-    for (const std::size_t row : {0U, 1U, 2U, 15U}) {
-        const COLORREF fill = row % 2 == 0 ? 0x221812 : 0x1B130F;
-        EXPECT_EQ(ColoursOfRow(row, false, false), (PanelColours{fill, resting}));
-        EXPECT_EQ(ColoursOfRow(row, false, true), (PanelColours{fill, blue}));
-        for (const bool focused : {false, true}) {
-            EXPECT_EQ(ColoursOfRow(row, true, focused), (PanelColours{0x482C1C, 0x2C84F2}));
-        }
-    }
+    constexpr PanelColours selected{0x482C1C, 0x2C84F2};
+    EXPECT_EQ(ColoursOfRow(0, false, false), (PanelColours{0x221812, 0x5E493E}));
+    EXPECT_EQ(ColoursOfRow(15, false, false), (PanelColours{0x1B130F, 0x5E493E}));
+    EXPECT_EQ(ColoursOfRow(2, false, true), (PanelColours{0x221812, 0xFF9C2E}));
+    EXPECT_EQ(ColoursOfRow(1, true, false), selected);
+    EXPECT_EQ(ColoursOfRow(2, true, true), selected);
 }
 
 TEST(FaceColours, ShowHoverPressFocusAndTheOpenPopup) {
     constexpr COLORREF resting = 0x5E493E, orange = 0x2C84F2;
-    struct Case {
-        FaceCondition condition;
-        PanelColours colours{};
-    };
-    const Case cases[] = {
+    const std::pair<FaceCondition, PanelColours> cases[] = {
         {{}, {0x160F0B, resting}},
         {{.hovered = true}, {0x281C14, resting}},
         {{.focused = true}, {0x160F0B, orange}},
@@ -73,16 +64,12 @@ TEST(FaceColours, ShowHoverPressFocusAndTheOpenPopup) {
         {{.pressed = true}, {0x201610, resting}},
         {{.hovered = true, .pressed = true, .popupOpen = true}, {0x201610, orange}},
     };
-    for (const Case &each : cases) {
-        EXPECT_EQ(ColoursOfFace(each.condition), each.colours) << &each - cases;
+    for (const auto &[condition, colours] : cases) {
+        EXPECT_EQ(ColoursOfFace(condition), colours) << colours.fill << ' ' << colours.border;
     }
-}
-
-TEST(FieldBorder, FocusGoesBeforeQuiet) {
-    EXPECT_EQ(FieldBorderColour(true, true), 0x2C84F2U);
-    EXPECT_EQ(FieldBorderColour(true, false), 0x2C84F2U);
+    EXPECT_EQ(FieldBorderColour(true, true), orange); // focus goes before quiet
     EXPECT_EQ(FieldBorderColour(false, true), 0x4B3930U);
-    EXPECT_EQ(FieldBorderColour(false, false), 0x5E493EU);
+    EXPECT_EQ(FieldBorderColour(false, false), resting);
 }
 
 } // namespace

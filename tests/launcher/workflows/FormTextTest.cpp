@@ -7,20 +7,9 @@ namespace ovrin {
 namespace {
 
 TEST(FormText, OnlyFourKindsOfWhiteSpaceGoAndOnlyAtTheEnds) {
-    const struct {
-        const char *label;
-        WideTextView text;
-        WideTextView expected;
-    } cases[] = {
-        {"empty", WIDE(""), WIDE("")},
-        {"white space alone", WIDE(" \t\r\n "), WIDE("")},
-        {"inner blanks stay", WIDE("\t My  Game\r\n"), WIDE("My  Game")},
-        {"no-break space stays", WIDE(" Game\u00A0"), WIDE("Game\u00A0")},
-        {"vertical tab and form feed stay", WIDE("\vGame\f"), WIDE("\vGame\f")},
-    };
-    for (const auto &testCase : cases) {
-        EXPECT_EQ(TrimFormText(testCase.text), testCase.expected) << testCase.label;
-    }
+    EXPECT_EQ(TrimFormText(WIDE(" \t\r\n ")), WideText());
+    EXPECT_EQ(TrimFormText(WIDE("\t My  Game\r\n")), WIDE("My  Game"));
+    EXPECT_EQ(TrimFormText(WIDE(" \vGame\f\u00A0 ")), WIDE("\vGame\f\u00A0"));
 }
 
 TEST(FormText, AProjectNameIsAnythingWithoutTheNineCharacters) {
@@ -36,32 +25,22 @@ TEST(FormText, AProjectNameIsAnythingWithoutTheNineCharacters) {
 }
 
 TEST(FormText, TheProjectFileBearsTheNameOfItsFolder) {
-    const struct {
-        const char *label;
-        std::filesystem::path folder;
-        std::filesystem::path expected;
-    } cases[] = {
-        {"plain", "L/Game", "L/Game/Game.oproject"},
-        {"a dot in the name stays", "L/my.game", "L/my.game/my.game.oproject"},
-        {"a lone dot is the folder itself", "L/.", "L/OvrinProject.oproject"},
-        {"two dots are its parent", "A/L/..", "A/OvrinProject.oproject"},
-        {"a trailing separator leaves no name", "L/Game/", "L/Game/OvrinProject.oproject"},
+    const std::pair<std::filesystem::path, std::filesystem::path> cases[] = {
+        {"L/my.game", "L/my.game/my.game.oproject"},
+        {"L/.", "L/OvrinProject.oproject"}, // the folder itself
+        {"A/L/..", "A/OvrinProject.oproject"},
+        {"L/Game/", "L/Game/OvrinProject.oproject"},
     };
-    for (const auto &testCase : cases) {
-        std::filesystem::path expected = testCase.expected;
-        EXPECT_EQ(ProjectFileForFolder(testCase.folder), expected.make_preferred()) << testCase.label;
+    for (auto [folder, expected] : cases) {
+        EXPECT_EQ(ProjectFileForFolder(folder), expected.make_preferred()) << folder;
     }
 }
 
 TEST(ProjectTemplates, ARowOutsideTheTableIsClamped) {
-    const struct {
-        std::int32_t row;
-        WideTextView identifier;
-    } cases[] = {{-1, WIDE("blank")},       {0, WIDE("blank")}, {1, WIDE("fps")},
-                 {2, WIDE("third_person")}, {3, WIDE("arena")}, {4, WIDE("arena")}};
-    for (const auto &testCase : cases) {
-        EXPECT_EQ(GetTemplateIdentifier(testCase.row), testCase.identifier) << testCase.row;
-    }
+    EXPECT_EQ(GetTemplateIdentifier(-1), WIDE("blank"));
+    EXPECT_EQ(GetTemplateIdentifier(2), WIDE("third_person"));
+    EXPECT_EQ(GetTemplateIdentifier(3), WIDE("arena"));
+    EXPECT_EQ(GetTemplateIdentifier(4), WIDE("arena"));
 }
 
 } // namespace
