@@ -1,9 +1,9 @@
-// The file dialogs' objects over the toolkit's real dialog, which is driven from inside its own event loop.
+// The file dialogs over the toolkit's real dialog, which is driven from inside its own event loop.
 
-#include "platform/winapi/qt/ComObject.h"
+#include "platform/dialogs/ComScopes.h"
+#include "platform/dialogs/DialogSelection.h"
 #include "platform/winapi/qt/ShellItems.h"
 #include "platform/winapi/qt/TestAccess.h"
-#include "platform/winapi/subset/Window.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -20,14 +20,13 @@
 #include <QTimer>
 
 #include <functional>
-#include <optional>
-#include <thread>
 #include <unistd.h>
 
 namespace ovrin {
 namespace {
 
 namespace fs = std::filesystem;
+using Box = QMessageBox;
 
 constexpr auto cancelled = static_cast<HRESULT>(0x800704C7);
 constexpr FILEOPENDIALOGOPTIONS openMask = 0x1848, manyMask = 0x1A48, folderMask = 0x868, saveMask = 0x84A;
@@ -70,8 +69,8 @@ void Cancel() {
     Press(Qt::Key_Escape);
 }
 
-void Answer(QMessageBox::StandardButton button) {
-    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+void Answer(Box::StandardButton button) {
+    auto *box = qobject_cast<Box *>(QApplication::activeModalWidget());
     ASSERT_NE(box, nullptr) << "no message";
     ASSERT_NE(box->button(button), nullptr);
     box->button(button)->click();
@@ -93,19 +92,24 @@ protected:
         ownerEvents = {};
         timer_.setSingleShot(true);
         QObject::connect(&timer_, &QTimer::timeout, [this] { PlayNextStep(); });
-        EXPECT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE), S_OK);
     }
 
     void TearDown() override {
-        CoUninitialize();
         DestroyWindow(owner_);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         EXPECT_EQ(layer::CountLiveObjects(), before_);
         EXPECT_EQ(fs::current_path(), currentFolder_);
     }
 
-    IFileOpenDialog *NewOpenDialog() { return New<IFileOpenDialog>(CLSID_FileOpenDialog, IID_IFileOpenDialog); }
-    IFileSaveDialog *NewSaveDialog() { return New<IFileSaveDialog>(CLSID_FileSaveDialog, IID_IFileSaveDialog); }
+    static ComPointer<IFileDialog> New(REFCLSID clsid) {
+        void *dialog = nullptr;
+        EXPECT_EQ(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IFileDialog, &dialog), S_OK);
+        return ComPointer<IFileDialog>(static_cast<IFileDialog *>(dialog));
+    }
+
+    static ComPointer<IShellItem> ItemOf(const fs::path &path) {
+        return ComPointer<IShellItem>(layer::NewShellItem(path.string()));
+    }
 
     // Each step runs in the innermost event loop; the last must have closed the dialog.
     HRESULT ShowAnd(IFileDialog &dialog, std::vector<Step> steps) {
@@ -124,85 +128,35 @@ protected:
         timer_.start(0);
     }
 
-    static void SetFolder(IFileDialog &dialog, const fs::path &folder) {
-        IShellItem *item = layer::NewShellItem(folder.string());
-        EXPECT_EQ(dialog.SetFolder(item), S_OK);
-        EXPECT_EQ(item->Release(), 0U);
-    }
-
-    [[nodiscard]] static std::string Take(IShellItem *item) {
-        std::string path = layer::PathOf(*item).toStdString();
-        EXPECT_EQ(item->Release(), 0U);
-        return path;
-    }
-
-    // As the drivers read it; empty where nothing was chosen.
-    [[nodiscard]] static std::vector<std::string> Results(IFileDialog &dialog) {
-        std::vector<std::string> paths;
-        IFileOpenDialog *open = nullptr;
-        if (dialog.QueryInterface(IID_IFileOpenDialog, reinterpret_cast<void **>(&open)) != S_OK) {
-            IShellItem *item = nullptr;
-            return dialog.GetResult(&item) == S_OK ? std::vector{Take(item)} : paths;
-        }
-        open->Release();
-        IShellItemArray *items = nullptr;
-        if (open->GetResults(&items) != S_OK) {
-            return paths;
-        }
-        DWORD count = 0;
-        EXPECT_EQ(items->GetCount(&count), S_OK);
-        for (DWORD index = 0; index < count; ++index) {
-            IShellItem *item = nullptr;
-            EXPECT_EQ(items->GetItemAt(index, &item), S_OK);
-            paths.push_back(layer::PathOf(*item).toStdString());
-            item->Release();
-        }
-        IShellItem *beyond = nullptr;
-        EXPECT_EQ(items->GetItemAt(count, &beyond), E_INVALIDARG);
-        EXPECT_EQ(items->Release(), 0U);
-        return paths;
-    }
-
     const layer::LiveCounts before_ = layer::CountLiveObjects();
     const fs::path currentFolder_ = fs::current_path();
+    const ComApartmentScope apartment_;
     testing::TemporaryFolder folder_;
     HWND owner_ = nullptr;
     QTimer timer_; // of the next step
 
 private:
-    template<typename Interface>
-    Interface *New(REFCLSID clsid, REFIID iid) {
-        void *dialog = nullptr;
-        EXPECT_EQ(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, iid, &dialog), S_OK);
-        return static_cast<Interface *>(dialog);
-    }
-
     void PlayNextStep() {
+        timer_.start(0); // a step may open a loop of its own
         if (steps_.empty()) {
             ADD_FAILURE() << "still open";
-            for (QWidget *widget = QApplication::activeModalWidget(); widget != nullptr && widget->isVisible();
-                 widget = QApplication::activeModalWidget()) {
-                widget->close();
-            }
+            QApplication::activeModalWidget()->close();
             return;
         }
         const Step step = std::move(steps_.back());
         steps_.pop_back();
-        timer_.start(0); // a step may open a loop of its own
         step();
     }
 
     std::vector<Step> steps_; // the next one last
 };
 
-enum class Reply { None, Ok, Yes, No };
-
 struct ChoiceCase {
     const char *label;
     FILEOPENDIALOGOPTIONS options;
     const char *typed;
-    Reply reply;                       // to the message that comes up
-    std::vector<std::string> expected; // in the folder; none: the dialog stays until it is cancelled
+    Box::StandardButton reply;      // to the message that comes up
+    std::vector<fs::path> expected; // from the folder; none: the dialog stays until it is cancelled
 };
 
 class FileDialogChoice : public FileDialog {
@@ -214,6 +168,18 @@ protected:
         }
     }
 
+    // As the drivers read it, but from the folder.
+    [[nodiscard]] std::vector<fs::path> Results(IFileDialog &dialog) const {
+        IFileOpenDialog *open = nullptr;
+        const bool opens = dialog.QueryInterface(IID_IFileOpenDialog, reinterpret_cast<void **>(&open)) == S_OK;
+        const ComPointer<IFileOpenDialog> owner(open);
+        std::vector<fs::path> paths = (opens ? ReadAllSelections(*open) : ReadOneSelection(dialog, "GetResult")).paths;
+        for (fs::path &path : paths) {
+            path = path.lexically_relative(folder_.Path());
+        }
+        return paths;
+    }
+
     void Check(IFileDialog &dialog, const ChoiceCase &tested) {
         SCOPED_TRACE(tested.label);
         QString typed = QString::fromUtf8(tested.typed);
@@ -223,75 +189,65 @@ protected:
             WaitUntil([] { return NameEdit()->hasFocus(); });
         };
         std::vector<Step> steps{takeFocus, [=] { Type(typed); }, [] { Press(Qt::Key_Return); }};
-        if (tested.reply != Reply::None) {
-            const auto button = tested.reply == Reply::Ok    ? QMessageBox::Ok
-                                : tested.reply == Reply::Yes ? QMessageBox::Yes
-                                                             : QMessageBox::No;
-            steps.emplace_back([=] { Answer(button); });
+        if (tested.reply != Box::NoButton) {
+            steps.emplace_back([&] { Answer(tested.reply); });
         }
         if (tested.expected.empty()) {
             steps.emplace_back([] { ASSERT_NE(OpenedDialog(), nullptr) << "closed"; });
             steps.emplace_back(Cancel);
         }
-        SetFolder(dialog, folder_.Path());
+        dialog.SetFolder(ItemOf(folder_.Path()).get());
         dialog.SetOptions(tested.options);
         EXPECT_EQ(ShowAnd(dialog, std::move(steps)), tested.expected.empty() ? cancelled : S_OK);
-        std::vector<std::string> expected;
-        for (const std::string &entry : tested.expected) {
-            expected.push_back(entry.empty() ? folder_.Path().string() : (folder_.Path() / entry).string());
-        }
-        EXPECT_EQ(Results(dialog), expected);
+        EXPECT_EQ(Results(dialog), tested.expected);
     }
 };
 
 TEST_F(FileDialogChoice, OpenTakesWhatItsOptionsAllow) {
     const ChoiceCase cases[] = {
-        {"blanks", openMask, "a b.txt", Reply::None, {"a b.txt"}},
-        {"another script, an ampersand", openMask, "проект & é.oproject", Reply::None, {"проект & é.oproject"}},
-        {"hidden in hidden", openMask, ".dotted/.p.oproject", Reply::None, {".dotted/.p.oproject"}},
-        {"full path", openMask, "$FOLDER/Sub & Проект/inner.txt", Reply::None, {"Sub & Проект/inner.txt"}},
-        {"a way round", openMask, "Sub & Проект/..//./plain", Reply::None, {"plain"}},
-        {"a folder is entered", openMask, "Sub & Проект", Reply::None, {}},
-        {"nothing typed", openMask, "", Reply::None, {}},
-        {"missing", openMask, "missing.txt", Reply::Ok, {}},
-        {"missing, free", openMask & ~FOS_FILEMUSTEXIST, "missing.txt", Reply::None, {"missing.txt"}},
-        {"missing folder", openMask & ~FOS_FILEMUSTEXIST, "no/missing.txt", Reply::Ok, {}},
-        {"missing folder, free", FOS_FORCEFILESYSTEM, "no/missing.txt", Reply::None, {"no/missing.txt"}},
-        {"existing with the question's bit", openMask | FOS_OVERWRITEPROMPT, "plain", Reply::None, {"plain"}},
-        {"two where one is asked for", openMask, R"("plain" "a b.txt")", Reply::Ok, {}},
-        {"two", manyMask, R"("plain" "a b.txt")", Reply::None, {"plain", "a b.txt"}},
-        {"one of many", manyMask, "plain", Reply::None, {"plain"}},
-        {"two, one missing", manyMask, R"("plain" "missing")", Reply::Ok, {}},
-        {"folder", folderMask, "Sub & Проект", Reply::None, {"Sub & Проект"}},
-        {"folder with a slash", folderMask, "$FOLDER/.dotted/", Reply::None, {".dotted"}},
-        {"the folder that is shown", folderMask, "", Reply::None, {""}},
-        {"missing folder to pick", folderMask, "no", Reply::Ok, {}},
-        {"file where a folder is asked for", folderMask, "plain", Reply::Ok, {}},
+        {"blanks", openMask, "a b.txt", Box::NoButton, {"a b.txt"}},
+        {"another script, an ampersand", openMask, "проект & é.oproject", Box::NoButton, {"проект & é.oproject"}},
+        {"hidden in hidden", openMask, ".dotted/.p.oproject", Box::NoButton, {".dotted/.p.oproject"}},
+        {"full path", openMask, "$FOLDER/Sub & Проект/inner.txt", Box::NoButton, {"Sub & Проект/inner.txt"}},
+        {"a way round", openMask, "Sub & Проект/..//./plain", Box::NoButton, {"plain"}},
+        {"a folder is entered", openMask, "Sub & Проект", Box::NoButton, {}},
+        {"nothing typed", openMask, "", Box::NoButton, {}},
+        {"missing", openMask, "missing.txt", Box::Ok, {}},
+        {"missing, free", openMask & ~FOS_FILEMUSTEXIST, "missing.txt", Box::NoButton, {"missing.txt"}},
+        {"missing folder", openMask & ~FOS_FILEMUSTEXIST, "no/missing.txt", Box::Ok, {}},
+        {"missing folder, free", FOS_FORCEFILESYSTEM, "no/missing.txt", Box::NoButton, {"no/missing.txt"}},
+        {"existing with the question's bit", openMask | FOS_OVERWRITEPROMPT, "plain", Box::NoButton, {"plain"}},
+        {"two where one is asked for", openMask, R"("plain" "a b.txt")", Box::Ok, {}},
+        {"two", manyMask, R"("plain" "a b.txt")", Box::NoButton, {"plain", "a b.txt"}},
+        {"one of many", manyMask, "plain", Box::NoButton, {"plain"}},
+        {"two, one missing", manyMask, R"("plain" "missing")", Box::Ok, {}},
+        {"folder", folderMask, "Sub & Проект", Box::NoButton, {"Sub & Проект"}},
+        {"folder with a slash", folderMask, "$FOLDER/.dotted/", Box::NoButton, {".dotted"}},
+        {"the folder that is shown", folderMask, "", Box::NoButton, {"."}},
+        {"missing folder to pick", folderMask, "no", Box::Ok, {}},
+        {"file where a folder is asked for", folderMask, "plain", Box::Ok, {}},
     };
     for (const ChoiceCase &tested : cases) {
-        IFileOpenDialog *dialog = NewOpenDialog();
-        Check(*dialog, tested);
-        EXPECT_EQ(dialog->Release(), 0U);
+        Check(*New(CLSID_FileOpenDialog), tested);
     }
 }
 
 TEST_F(FileDialogChoice, SaveAddsTheExtensionAndAsksBeforeItReplaces) {
     const ChoiceCase cases[] = {
-        {"extension added", saveMask, "new проект", Reply::None, {"new проект.txt"}},
-        {"another extension stays", saveMask, "new.md", Reply::None, {"new.md"}},
-        {"replaced", saveMask, "plain.", Reply::None, {"plain."}},
-        {"replace", saveMask, "a b.txt", Reply::Yes, {"a b.txt"}},
-        {"don't replace", saveMask, "a b.txt", Reply::No, {}},
-        {"the extension makes it an existing one", saveMask, "second", Reply::No, {}},
-        {"no question", saveMask & ~FOS_OVERWRITEPROMPT, "second", Reply::None, {"second.txt"}},
-        {"missing folder", saveMask, "no/new.txt", Reply::Ok, {}},
-        {"a folder is entered", saveMask, "Sub & Проект", Reply::None, {}},
+        {"extension added", saveMask, "new проект", Box::NoButton, {"new проект.txt"}},
+        {"another extension stays", saveMask, "new.md", Box::NoButton, {"new.md"}},
+        {"a dot at the end", saveMask, "plain.", Box::NoButton, {"plain."}},
+        {"replace", saveMask, "a b.txt", Box::Yes, {"a b.txt"}},
+        {"don't replace", saveMask, "a b.txt", Box::No, {}},
+        {"the extension makes it an existing one", saveMask, "second", Box::No, {}},
+        {"no question", saveMask & ~FOS_OVERWRITEPROMPT, "second", Box::NoButton, {"second.txt"}},
+        {"missing folder", saveMask, "no/new.txt", Box::Ok, {}},
+        {"a folder is entered", saveMask, "Sub & Проект", Box::NoButton, {}},
     };
     for (const ChoiceCase &tested : cases) {
-        IFileSaveDialog *dialog = NewSaveDialog();
+        const auto dialog = New(CLSID_FileSaveDialog);
         EXPECT_EQ(dialog->SetDefaultExtension(u"txt"), S_OK);
         Check(*dialog, tested);
-        EXPECT_EQ(dialog->Release(), 0U);
     }
 }
 
@@ -312,79 +268,60 @@ TEST_F(FileDialogChoice, SaveRefusesAFileThatCannotBeWritten) {
     fs::permissions(folder_.Path(), fs::perms::group_exec | fs::perms::others_exec, fs::perm_options::add);
     fs::permissions(folder_.Path() / "plain", fs::perms::owner_read | fs::perms::others_read);
     const OrdinaryUserScope user;
-    IFileSaveDialog *dialog = NewSaveDialog();
-    Check(*dialog, {"refused", saveMask | FOS_NOREADONLYRETURN, "plain", Reply::Ok, {}});
-    Check(*dialog, {"the caller's affair", saveMask, "plain", Reply::Yes, {"plain"}});
-    dialog->Release();
+    const auto dialog = New(CLSID_FileSaveDialog);
+    Check(*dialog, {"refused", saveMask | FOS_NOREADONLYRETURN, "plain", Box::Ok, {}});
+    Check(*dialog, {"the caller's affair", saveMask, "plain", Box::Yes, {"plain"}});
 }
 
 TEST_F(FileDialogChoice, ASecondShowForgetsTheFirst) {
-    IFileOpenDialog *dialog = NewOpenDialog();
+    const auto dialog = New(CLSID_FileOpenDialog);
+    EXPECT_TRUE(Results(*dialog).empty());
+    Check(*dialog, {"taken", manyMask, R"("plain" "a b.txt")", Box::NoButton, {"plain", "a b.txt"}});
     IShellItem *item = nullptr;
-    IShellItemArray *items = nullptr;
-    EXPECT_EQ(dialog->GetResult(&item), E_UNEXPECTED);
-    EXPECT_EQ(dialog->GetResults(&items), E_UNEXPECTED);
-    Check(*dialog, {"taken", manyMask, R"("plain" "a b.txt")", Reply::None, {"plain", "a b.txt"}});
     EXPECT_EQ(dialog->GetResult(&item), E_UNEXPECTED) << "for one alone";
-    EXPECT_EQ(item, nullptr);
     EXPECT_EQ(ShowAnd(*dialog, {[&] { EXPECT_EQ(dialog->Show(owner_), E_UNEXPECTED); }, Cancel}), cancelled);
-    EXPECT_EQ(Results(*dialog), std::vector<std::string>{});
-    dialog->Release();
+    EXPECT_TRUE(Results(*dialog).empty());
 }
 
 TEST_F(FileDialog, ShowsTypesTitleNameAndFolderAsGiven) {
-    const fs::path wanted = folder_.Make("проект & .x/.hidden/").parent_path();
+    const auto dialog = New(CLSID_FileSaveDialog);
     const COMDLG_FILTERSPEC types[] = {{u"Ovrin & (Co);; Project", u"*.oproject;*.проект;a b*"}, {u"All", u"*.*"}};
-    IFileSaveDialog *dialog = NewSaveDialog();
     EXPECT_EQ(dialog->SetFileTypeIndex(1), E_FAIL);
-    EXPECT_EQ(dialog->SetFileTypes(0, types), E_INVALIDARG);
     EXPECT_EQ(dialog->SetFileTypes(2, types), S_OK);
     EXPECT_EQ(dialog->SetFileTypes(2, types), E_UNEXPECTED);
-    IShellItem *other = layer::NewShellItem(folder_.Path().string());
-    EXPECT_EQ(dialog->SetDefaultFolder(other), S_OK);
-    const struct {
-        UINT index = 0;
-        int row = 0;
-        QStringList patterns;
-    } cases[] = {
-        {0, 0, {"*.oproject", "*.??????", "a?b*"}},
-        {1, 0, {"*.oproject", "*.??????", "a?b*"}},
-        {2, 1, {"*"}},
-        {3, 1, {"*"}},
-    };
-    const auto check = [&](int row, const QStringList &patterns, const fs::path &folder) {
+    EXPECT_EQ(dialog->SetDefaultFolder(ItemOf(folder_.Path()).get()), S_OK);
+    const QStringList patterns[] = {{"*.oproject", "*.??????", "a?b*"}, {"*"}};
+    const auto check = [&](int row, const fs::path &folder) {
         const auto *combo = OpenedDialog()->findChild<QComboBox *>(QStringLiteral("fileTypeCombo"));
         EXPECT_EQ(combo->itemText(0).trimmed().toStdString(), "Ovrin & (Co);; Project");
         EXPECT_EQ(combo->currentIndex(), row);
-        EXPECT_EQ(OpenedDialog()->findChild<QFileSystemModel *>()->nameFilters(), patterns);
+        EXPECT_EQ(OpenedDialog()->findChild<QFileSystemModel *>()->nameFilters(), patterns[row]);
         EXPECT_EQ(OpenedDialog()->directory().absolutePath().toStdString(), folder.string());
     };
-    for (const auto &tested : cases) {
-        EXPECT_EQ(dialog->SetFileTypeIndex(tested.index), S_OK);
-        ShowAnd(*dialog, {[&] { check(tested.row, tested.patterns, folder_.Path()); }, Cancel});
+    const int rowOfIndex[] = {0, 0, 1, 1};
+    for (UINT index = 0; index < std::size(rowOfIndex); ++index) {
+        EXPECT_EQ(dialog->SetFileTypeIndex(index), S_OK);
+        ShowAnd(*dialog, {[&] { check(rowOfIndex[index], folder_.Path()); }, Cancel});
     }
-    SetFolder(*dialog, wanted);
-    EXPECT_EQ(dialog->SetDefaultFolder(other), S_OK);
-    EXPECT_EQ(other->Release(), 0U);
+    const fs::path wanted = folder_.Make("проект & .x/.hidden/").parent_path();
+    EXPECT_EQ(dialog->SetFolder(ItemOf(wanted).get()), S_OK);
+    EXPECT_EQ(dialog->SetDefaultFolder(ItemOf(folder_.Path()).get()), S_OK);
     EXPECT_EQ(dialog->SetTitle(u"Tïtle & Ко"), S_OK);
     EXPECT_EQ(dialog->SetFileName(u"имя & co"), S_OK);
     const auto checkTexts = [&] {
-        check(1, {"*"}, wanted);
+        check(1, wanted);
         EXPECT_EQ(OpenedDialog()->windowTitle().toStdString(), "Tïtle & Ко");
         EXPECT_EQ(NameEdit()->text().toStdString(), "имя & co");
         EXPECT_TRUE(OpenedDialog()->filter().testFlag(QDir::Hidden)) << "the folder itself is hidden";
     };
     ShowAnd(*dialog, {checkTexts, Cancel});
-    dialog->Release();
 }
 
 TEST_F(FileDialog, HoldsTheOwnersInputButNotItsPainting) {
     QWindow *window = layer::WidgetOf(owner_)->windowHandle();
-    QTest::mouseClick(window, Qt::LeftButton, {}, {5, 5});
-    ASSERT_EQ(ownerEvents.presses, 1);
     EXPECT_EQ(GetActiveWindow(), owner_);
     EXPECT_EQ(GetForegroundWindow(), owner_);
-    IFileOpenDialog *dialog = NewOpenDialog();
+    const auto dialog = New(CLSID_FileOpenDialog);
     const HWND owner = owner_;
     const auto disturb = [&] {
         QTest::mouseClick(window, Qt::LeftButton, {}, {5, 5});
@@ -394,168 +331,32 @@ TEST_F(FileDialog, HoldsTheOwnersInputButNotItsPainting) {
         EXPECT_EQ(GetActiveWindow(), nullptr);
     };
     EXPECT_EQ(ShowAnd(*dialog, {disturb, Cancel}), cancelled);
-    EXPECT_EQ(ownerEvents.presses, 1);
-    QTest::mouseClick(window, Qt::LeftButton, {}, {5, 5});
-    EXPECT_EQ(ownerEvents.presses, 2) << "free again";
     owner_ = nullptr;
     EXPECT_EQ(ShowAnd(*dialog, {disturb, [] { OpenedDialog()->close(); }}), cancelled) << "without an owner";
     owner_ = owner;
-    dialog->Release();
+    EXPECT_EQ(ownerEvents.presses, 0);
+    QTest::mouseClick(window, Qt::LeftButton, {}, {5, 5});
+    EXPECT_EQ(ownerEvents.presses, 1) << "free again";
 }
 
 TEST_F(FileDialog, EndsAsCancelledWithItsOwner) {
-    IFileOpenDialog *dialog = NewOpenDialog();
     const auto end = [this] {
         DestroyWindow(owner_);
         timer_.start(longestWait); // the widgets go a little later
     };
-    EXPECT_EQ(ShowAnd(*dialog, {end}), cancelled);
-    EXPECT_EQ(dialog->Release(), 0U);
+    EXPECT_EQ(ShowAnd(*New(CLSID_FileOpenDialog), {end}), cancelled);
 }
 
-TEST_F(FileDialog, KeepsEveryOptionBit) {
-    IFileDialog *const dialogs[] = {NewOpenDialog(), NewSaveDialog()};
-    const FILEOPENDIALOGOPTIONS defaults[] = {0x1800, 0x8802};
-    for (int index = 0; index < 2; ++index) {
+TEST_F(FileDialog, StartsWithThePlatformsOptionsAndKeepsEveryBit) {
+    for (const bool saves : {false, true}) {
+        const auto dialog = New(saves ? CLSID_FileSaveDialog : CLSID_FileOpenDialog);
         FILEOPENDIALOGOPTIONS options = 0;
-        EXPECT_EQ(dialogs[index]->GetOptions(&options), S_OK);
-        EXPECT_EQ(options, defaults[index]);
-        EXPECT_EQ(dialogs[index]->SetOptions(0xF5A5A5A5), S_OK);
-        EXPECT_EQ(dialogs[index]->GetOptions(&options), S_OK);
+        EXPECT_EQ(dialog->GetOptions(&options), S_OK);
+        EXPECT_EQ(options, saves ? 0x8802U : 0x1800U);
+        EXPECT_EQ(dialog->SetOptions(0xF5A5A5A5), S_OK);
+        EXPECT_EQ(dialog->GetOptions(&options), S_OK);
         EXPECT_EQ(options, 0xF5A5A5A5);
-        EXPECT_EQ(dialogs[index]->GetOptions(nullptr), E_POINTER);
-        EXPECT_EQ(dialogs[index]->SetFolder(nullptr), E_INVALIDARG);
-        dialogs[index]->Release();
     }
-}
-
-TEST_F(FileDialog, GivesEachInterfaceOfAnObjectWithAReference) {
-    const struct {
-        const char *label;
-        IUnknown *object;
-        std::vector<IID> known, unknown;
-    } cases[] = {
-        {"open",
-         NewOpenDialog(),
-         {IID_IUnknown, IID_IModalWindow, IID_IFileDialog, IID_IFileOpenDialog},
-         {IID_IFileSaveDialog, IID_IShellItem}},
-        {"save",
-         NewSaveDialog(),
-         {IID_IUnknown, IID_IModalWindow, IID_IFileDialog, IID_IFileSaveDialog},
-         {IID_IFileOpenDialog, CLSID_FileSaveDialog}},
-        {"item", layer::NewShellItem("/"), {IID_IUnknown, IID_IShellItem}, {IID_IShellItemArray, IID_IFileDialog}},
-        {"array", layer::NewShellItemArray({"/", "/tmp"}), {IID_IUnknown, IID_IShellItemArray}, {IID_IShellItem}},
-    };
-    EXPECT_EQ(layer::CountLiveObjects().comObjects, 6U);
-    for (const auto &tested : cases) {
-        SCOPED_TRACE(tested.label);
-        EXPECT_EQ(tested.object->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
-        for (const IID &iid : tested.known) {
-            void *found = nullptr;
-            EXPECT_EQ(tested.object->QueryInterface(iid, &found), S_OK);
-            EXPECT_EQ(found, tested.object);
-            EXPECT_EQ(tested.object->AddRef(), 3U);
-            EXPECT_EQ(tested.object->Release(), 2U);
-            EXPECT_EQ(tested.object->Release(), 1U);
-        }
-        for (const IID &iid : tested.unknown) {
-            void *found = tested.object;
-            EXPECT_EQ(tested.object->QueryInterface(iid, &found), E_NOINTERFACE);
-            EXPECT_EQ(found, nullptr);
-        }
-        EXPECT_EQ(tested.object->Release(), 0U);
-    }
-}
-
-TEST_F(FileDialog, ClassesAreMadeOnlyWhereTheyCanBe) {
-    IUnknown *outer = NewOpenDialog();
-    const struct {
-        const char *label;
-        CLSID clsid;
-        IUnknown *outer;
-        DWORD context;
-        IID iid;
-        HRESULT expected;
-    } cases[] = {
-        {"aggregation", CLSID_FileOpenDialog, outer, 1, IID_IFileOpenDialog, CLASS_E_NOAGGREGATION},
-        {"unknown class", IID_IFileDialog, nullptr, 1, IID_IFileOpenDialog, REGDB_E_CLASSNOTREG},
-        {"no server in this process", CLSID_FileOpenDialog, nullptr, 4, IID_IFileOpenDialog, REGDB_E_CLASSNOTREG},
-        {"the other class's interface", CLSID_FileSaveDialog, nullptr, 1, IID_IFileOpenDialog, E_NOINTERFACE},
-    };
-    for (const auto &tested : cases) {
-        void *made = outer;
-        EXPECT_EQ(CoCreateInstance(tested.clsid, tested.outer, tested.context, tested.iid, &made), tested.expected)
-            << tested.label;
-        EXPECT_EQ(made, nullptr) << tested.label;
-    }
-    EXPECT_EQ(CoCreateInstance(CLSID_FileOpenDialog, nullptr, 1, IID_IFileOpenDialog, nullptr), E_POINTER);
-    EXPECT_EQ(outer->Release(), 0U);
-}
-
-TEST_F(FileDialog, EachThreadEntersAndLeavesItsOwnApartment) {
-    const auto create = [] {
-        void *made = nullptr;
-        const HRESULT result = CoCreateInstance(CLSID_FileOpenDialog, nullptr, 1, IID_IFileOpenDialog, &made);
-        if (made != nullptr) {
-            static_cast<IUnknown *>(made)->Release();
-        }
-        return result;
-    };
-    EXPECT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_FALSE);
-    CoUninitialize();
-    EXPECT_EQ(create(), S_OK) << "still entered once";
-    EXPECT_EQ(CoInitializeEx(nullptr, 0), RPC_E_CHANGED_MODE);
-    int reserved = 0;
-    EXPECT_EQ(CoInitializeEx(&reserved, COINIT_APARTMENTTHREADED), E_INVALIDARG);
-    CoUninitialize();
-    EXPECT_EQ(create(), CO_E_NOTINITIALIZED) << "what failed wasn't counted";
-    EXPECT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
-    std::thread([&] {
-        EXPECT_EQ(create(), CO_E_NOTINITIALIZED);
-        EXPECT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
-        EXPECT_EQ(create(), RPC_E_WRONG_THREAD) << "the toolkit runs elsewhere";
-        CoUninitialize();
-    }).join();
-}
-
-TEST_F(FileDialog, ItemsAreMadeOfWhatExists) {
-    const fs::path file = folder_.Make("проект & .x/.f");
-    const std::u16string base = folder_.Path().u16string();
-    const struct {
-        const char *label;
-        std::u16string path;
-        IID iid;
-        DWORD expected;
-    } cases[] = {
-        {"file", file.u16string(), IID_IShellItem, 0},
-        {"missing", base + u"/no", IID_IShellItem, 0x80070002},
-        {"missing, with a slash", base + u"/no/", IID_IShellItem, 0x80070002},
-        {"under what is missing", base + u"/no/no", IID_IShellItem, 0x80070003},
-        {"under a file", file.u16string() + u"/x", IID_IShellItem, 0x80070003},
-        {"too long", base + u"/" + std::u16string(300, u'n'), IID_IShellItem, 0x8007007B},
-        {"no text", base + u"/\xD800", IID_IShellItem, 0x80070459},
-        {"relative", u"tmp", IID_IShellItem, 0x80070057},
-        {"empty", u"", IID_IShellItem, 0x80070057},
-        {"as an array", base, IID_IShellItemArray, 0x80004002},
-    };
-    for (const auto &tested : cases) {
-        SCOPED_TRACE(tested.label);
-        void *made = this;
-        EXPECT_EQ(SHCreateItemFromParsingName(tested.path.c_str(), nullptr, tested.iid, &made),
-                  static_cast<HRESULT>(tested.expected));
-        ASSERT_EQ(made != nullptr, tested.expected == 0);
-        if (made != nullptr) {
-            EXPECT_EQ(Take(static_cast<IShellItem *>(made)), file.string());
-        }
-    }
-    EXPECT_EQ(SHCreateItemFromParsingName(base.c_str(), nullptr, IID_IShellItem, nullptr), E_POINTER);
-    IShellItem *bytes = layer::NewShellItem("/tmp/\xFF");
-    LPWSTR name = nullptr;
-    EXPECT_EQ(bytes->GetDisplayName(SIGDN_FILESYSPATH, &name), static_cast<HRESULT>(0x80070459));
-    EXPECT_EQ(bytes->GetDisplayName(0, &name), E_INVALIDARG);
-    EXPECT_EQ(bytes->GetDisplayName(SIGDN_FILESYSPATH, nullptr), E_POINTER);
-    EXPECT_EQ(name, nullptr);
-    bytes->Release();
 }
 
 } // namespace
