@@ -163,11 +163,8 @@ bool RecordRecentProject(const std::filesystem::path &path, std::string name, st
     if (normal.empty()) {
         return false;
     }
-    if (name.empty()) {
-        name = StemOf(normal);
-    }
     std::vector<RecentProject> projects = LoadRecentProjects(0);
-    EraseKey(projects, RecentProjectKey(normal));
+    // The normal list has it once, the first time that it comes, and under its file's name if it is given none.
     projects.insert(projects.begin(), {.path = normal, .name = std::move(name)});
     return SaveRecentProjects(NormalizeRecentProjects(projects, limit));
 }

@@ -65,18 +65,26 @@ using namespace RecentProjectStore;
 
 TEST_F(RecentList, KeepsItsOldBytesWhateverStepOfASaveFails) {
     const Projects many = SaveProjects(20);
-    const Projects few(many.begin(), many.begin() + 2);
+    const Projects few(many.end() - 2, many.end()); // not a byte of which lies where it did
+    const struct {
+        const Projects &before;
+        const Projects &after;
+        Texts steps;
+    } cases[] = {{few, many, {"pwrite", "fsync", "close"}}, {many, few, {"pwrite", "fsync", "ftruncate", "close"}}};
     const std::string line = "[Warn] Failed to save recent projects: write: No space left on device: \"";
-    for (const auto &[before, after] : {std::pair(few, many), std::pair(many, few)}) {
-        failedCall.clear();
-        for (int call = 1; failedCall != "close"; ++call) {
+    for (const auto &[before, after, steps] : cases) {
+        Texts failed;
+        for (int call = 1; failed.empty() || failed.back() != "close"; ++call) {
             ASSERT_TRUE(SaveRecentProjects(before));
             const std::string old = Read();
             callToFail = call;
             EXPECT_EQ(FailureToSave(after), line + File().string() + '"') << call;
             ASSERT_EQ(callToFail, 0) << "not one of them is the close";
             EXPECT_EQ(Read() == old, failedCall != "close") << call; // which has no way back
+            failed.push_back(failedCall);
         }
+        failed.erase(std::unique(failed.begin(), failed.end()), failed.end());
+        EXPECT_EQ(failed, steps);
     }
 }
 

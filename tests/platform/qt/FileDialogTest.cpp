@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QFileDialog>
@@ -16,6 +15,7 @@
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -73,6 +73,8 @@ void Answer(Box::StandardButton button) {
     auto *box = qobject_cast<Box *>(QApplication::activeModalWidget());
     ASSERT_NE(box, nullptr) << "no message";
     ASSERT_NE(box->button(button), nullptr);
+    EXPECT_EQ(box->textFormat(), Qt::PlainText);
+    EXPECT_EQ(box->defaultButton(), box->button(button == Box::Ok ? Box::Ok : Box::No));
     box->button(button)->click();
 }
 
@@ -193,7 +195,13 @@ protected:
             steps.emplace_back([&] { Answer(tested.reply); });
         }
         if (tested.expected.empty()) {
-            steps.emplace_back([] { ASSERT_NE(OpenedDialog(), nullptr) << "closed"; });
+            steps.emplace_back([&] {
+                ASSERT_NE(OpenedDialog(), nullptr) << "closed";
+                if (tested.reply == Box::NoButton) { // what was typed is a folder, and is shown now
+                    EXPECT_EQ(OpenedDialog()->directory(), QDir(folder_.Path() / tested.typed));
+                    EXPECT_EQ(NameEdit()->text(), QString());
+                }
+            });
             steps.emplace_back(Cancel);
         }
         dialog.SetFolder(ItemOf(folder_.Path()).get());
