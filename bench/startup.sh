@@ -6,23 +6,14 @@
 # placing would be measured too.
 set -euo pipefail
 
-root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
 preset="${1:-linux}"
 rounds="${2:-15}"
-build="$root/build/bench-$preset"
-cd "$root"
-
-case "$preset" in
-linux) scripts/setup.sh build desktop bench ;;
-windows) scripts/setup.sh build desktop bench windows ;;
-*)
+if [[ "$preset" != linux && "$preset" != windows ]]; then
     echo "usage: bench/startup.sh [linux|windows] [ROUNDS]" >&2
     exit 2
-    ;;
-esac
-
-cmake --preset "$preset" -B "$build" -DCMAKE_BUILD_TYPE=Release -DOVRIN_BENCH=ON -DBUILD_TESTING=OFF >/dev/null
-cmake --build "$build" --target OvrinLauncher BareWindow >/dev/null
+fi
+bin="$(bench/build.sh "$preset" OvrinLauncher BareWindow)"
 
 home="$(mktemp -d)"
 trap 'rm -rf "$home"' EXIT
@@ -45,9 +36,9 @@ if [[ "$preset" == windows ]]; then
     # shellcheck disable=SC2016 # the inner shell expands it, once the loader's name is known
     "${on_bare_display[@]}" scripts/wine.sh --environment sh -c \
         'exec python3 "$0" "$1" "$WINELOADER $2/OvrinLauncher.exe" "$WINELOADER $2/BareWindow.exe" "$3" "$4"' \
-        bench/startup.py "$rounds" "$build/bin" "Z:$home/empty" "Z:$home/long"
+        bench/startup.py "$rounds" "$bin" "Z:$home/empty" "Z:$home/long"
 else
     make_settings "$home"
-    "${on_bare_display[@]}" python3 bench/startup.py "$rounds" "$build/bin/OvrinLauncher" "$build/bin/BareWindow" \
+    "${on_bare_display[@]}" python3 bench/startup.py "$rounds" "$bin/OvrinLauncher" "$bin/BareWindow" \
         "$home/empty" "$home/long"
 fi
