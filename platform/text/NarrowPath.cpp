@@ -77,11 +77,11 @@ WideText WideFromPathLenient(const std::filesystem::path &path) {
     return path.native();
 }
 
-std::string NarrowFromPath(const std::filesystem::path &path) {
+std::string NarrowFromPath(const std::wstring &path) {
     BOOL replaced = FALSE;
-    std::string narrow = ToFileCodePage(path.native(), IsUnicode(FileCodePage()) ? nullptr : &replaced);
+    std::string narrow = ToFileCodePage(path, IsUnicode(FileCodePage()) ? nullptr : &replaced);
     // A lone surrogate becomes another character without a word.
-    if (replaced != FALSE || PathFromNarrow(narrow).native() != path.native()) {
+    if (replaced != FALSE || PathFromNarrow(narrow).native() != path) {
         RaiseNotConvertible("narrow text from path");
     }
     return narrow;
@@ -122,8 +122,8 @@ WideText WideFromPathLenient(const std::filesystem::path &path) {
     return Utf8ToWideLenient(path.native());
 }
 
-std::string NarrowFromPath(const std::filesystem::path &path) {
-    return path.native();
+std::string NarrowFromPath(const std::string &path) {
+    return path;
 }
 
 std::filesystem::path PathFromNarrow(std::string_view text) {

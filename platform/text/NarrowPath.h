@@ -22,8 +22,9 @@ namespace ovrin {
 // ---- The narrow file-name encoding: the code page of the program's file functions, or bytes as they are where paths
 // are bytes. ----
 
-// Raises std::system_error for a character that the encoding can't hold.
-[[nodiscard]] std::string NarrowFromPath(const std::filesystem::path &path);
+// Takes a path's own text, which a path gives by itself. Raises std::system_error for a character that the encoding
+// can't hold.
+[[nodiscard]] std::string NarrowFromPath(const std::filesystem::path::string_type &path);
 
 // Raises std::system_error for bytes that aren't text in the encoding, and for a zero byte.
 [[nodiscard]] std::filesystem::path PathFromNarrow(std::string_view text);

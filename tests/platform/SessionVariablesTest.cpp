@@ -11,11 +11,11 @@ namespace {
 TEST(SessionVariables, AreSuppliedOnlyWhereUnset) {
     using Value = std::optional<WideText>;
     const struct {
-        const char *source;
+        const char *source = "";
         Value sourceValue;
-        const char *target;
+        const char *target = "";
         Value before;
-        const char *after; // null: unset
+        const char *after = nullptr; // null: unset
     } cases[] = {
         {"HOME", WIDE("/h"), "USERPROFILE", {}, "/h"},
         {"HOME", WIDE("/h"), "USERPROFILE", WIDE(""), ""},

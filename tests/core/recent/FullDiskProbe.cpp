@@ -13,6 +13,7 @@ using namespace ovrin;
 
 bool Save(int count) {
     std::vector<RecentProject> projects;
+    projects.reserve(static_cast<std::size_t>(count));
     for (int number = 0; number < count; ++number) {
         projects.push_back({.path = "/projects/" + std::to_string(number), .name = std::string(50, 'n')});
     }

@@ -15,7 +15,7 @@ namespace {
 
 class ComObjects : public ::testing::Test {
 protected:
-    ~ComObjects() override { EXPECT_EQ(layer::CountLiveObjects(), before_); }
+    void TearDown() override { EXPECT_EQ(layer::CountLiveObjects(), before_); }
 
     // On success the object's one reference goes again.
     static HRESULT Create(const CLSID &clsid, const IID &iid, IUnknown *outer = nullptr, DWORD context = 1) {
