@@ -32,6 +32,17 @@ void Restore(OpenFile &file, std::string_view oldContent) {
     file.Flush(ignored);
 }
 
+// A file that fails to close is let go of all the same, and is opened again for its old content.
+void CloseOrRestore(OpenFile &file, const std::filesystem::path &path, std::string_view oldContent,
+                    std::error_code &error) {
+    file.Close(error);
+    if (error) {
+        if (std::optional<OpenFile> again = OpenFile::Open(path)) {
+            Restore(*again, oldContent);
+        }
+    }
+}
+
 } // namespace
 
 bool RewriteFile(const std::filesystem::path &path, std::string_view content) {
@@ -46,7 +57,7 @@ bool RewriteFile(const std::filesystem::path &path, std::string_view content) {
         if (error) {
             Restore(*file, oldContent);
         } else {
-            file->Close(error);
+            CloseOrRestore(*file, path, oldContent, error);
         }
     }
     if (error) {
